@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/file_system.h"
+
+namespace platform::posix {
+
+class PosixFileSystem final : public FileSystem {
+ public:
+  std::optional<std::uint64_t> FileSize(const std::string& path) const override;
+  bool CreateFolder(const std::string& path) override;
+  bool CopyFile(const std::string& from, const std::string& to) override;
+};
+
+}  // namespace platform::posix

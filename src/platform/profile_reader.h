@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace platform {
+
+// Reads INI-style profile files the way the Windows profile API does. Section and key names
+// match ignoring letter case; blanks around names and values are dropped; a value in a pair
+// of double or single quotes comes back without them. Entries before the first header (or
+// under "[]") belong to the section with the empty name.
+class ProfileReader {
+ public:
+  virtual ~ProfileReader() = default;
+
+  // The value of the first entry of that key in that section, or nothing when the file,
+  // section or key does not exist.
+  virtual std::optional<std::string> ReadValue(const std::string& file, const std::string& section,
+                                               const std::string& key) const = 0;
+  // Section names in file order, each once.
+  virtual std::vector<std::string> SectionNames(const std::string& file) const = 0;
+  // Key names of a section in file order; a key written twice is listed twice.
+  virtual std::vector<std::string> KeyNames(const std::string& file,
+                                            const std::string& section) const = 0;
+};
+
+}  // namespace platform

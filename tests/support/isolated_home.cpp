@@ -25,6 +25,7 @@ const char* const kIsolatedVariables[] = {
     "XDG_PICTURES_DIR",
     "XDG_VIDEOS_DIR",
     "USERPROFILE",
+    "XDG_RUNTIME_DIR",
 };
 
 }  // namespace
@@ -53,6 +54,9 @@ void IsolatedHomeTest::SetUp() {
   setenv("XDG_DATA_DIRS", MachineData().c_str(), 1);
   setenv("XDG_CONFIG_DIRS", (root_ / "etc-xdg").c_str(), 1);
   setenv("TMPDIR", TempFolder().c_str(), 1);
+  std::filesystem::create_directories(root_ / "run");
+  std::filesystem::permissions(root_ / "run", std::filesystem::perms::owner_all);
+  setenv("XDG_RUNTIME_DIR", (root_ / "run").c_str(), 1);
 }
 
 void IsolatedHomeTest::TearDown() {

@@ -20,6 +20,9 @@ int main(int argc, char** argv) {
   setenv("XDG_DATA_DIRS", (root / "usr-share").c_str(), 1);
   setenv("XDG_CONFIG_DIRS", (root / "etc-xdg").c_str(), 1);
   setenv("TMPDIR", (root / "tmp").c_str(), 1);
+  std::filesystem::create_directories(root / "run");
+  std::filesystem::permissions(root / "run", std::filesystem::perms::owner_all);
+  setenv("XDG_RUNTIME_DIR", (root / "run").c_str(), 1);
 
   ::testing::InitGoogleMock(&argc, argv);
   const int result = RUN_ALL_TESTS();

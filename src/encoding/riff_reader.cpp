@@ -76,7 +76,6 @@ std::optional<std::string> RiffReader::ReadInfoText(const ChunkId& id) {
 std::optional<RiffReader::Chunk> RiffReader::FindChunk(std::uint64_t position, std::uint64_t end,
                                                        const ChunkId& id,
                                                        const ChunkId* list_type) {
-  end = std::min(end, file_size_);
   while (position <= end && end - position >= kHeaderSize) {
     const std::string_view header = Read(position, kHeaderSize);
     if (header.size() < kHeaderSize) return std::nullopt;

@@ -43,8 +43,8 @@ class RiffReader {
     std::uint64_t size = 0;           // the part of the data inside the enclosing region
   };
 
-  // The first chunk with that id among the chunks from position up to end; with a list type,
-  // only a "LIST" or "RIFF" chunk whose data starts with that type counts.
+  // The first chunk with that id among the chunks from position up to end (never beyond the
+  // end of the file); with a list type, only a chunk whose data starts with that type counts.
   std::optional<Chunk> FindChunk(std::uint64_t position, std::uint64_t end, const ChunkId& id,
                                  const ChunkId* list_type);
   // Up to count bytes at offset, from the cached list when it holds them; the view lives until

@@ -43,6 +43,12 @@ bool RiffReader::FindInfoList() {
   if (!list) return false;
   info_begin_ = list->data + kTypeSize;
   info_end_ = list->data + list->size;
+  // A list of reasonable size is read whole, so that searching it needs no further reads.
+  if (info_end_ - info_begin_ <= kWholeListLimit) {
+    cache_.resize(static_cast<std::size_t>(info_end_ - info_begin_));
+    cache_.resize(file_.ReadAt(info_begin_, cache_));
+    cache_offset_ = info_begin_;
+  }
   return true;
 }
 
@@ -85,15 +91,9 @@ std::optional<RiffReader::Chunk> RiffReader::FindChunk(std::uint64_t position, s
     chunk.size = std::min(chunk.declared_size, end - chunk.data);
     if (SameId(header, id)) {
       if (!list_type) return chunk;
-      if (chunk.size >= kTypeSize) {
-        // A list that is small enough is read whole now, type included, so that the search
-        // for its texts needs no further reads.
-        if (chunk.size <= kWholeListLimit) {
-          cache_.resize(static_cast<std::size_t>(chunk.size));
-          cache_.resize(file_.ReadAt(chunk.data, cache_));
-          cache_offset_ = chunk.data;
-        }
-        if (SameId(Read(chunk.data, kTypeSize), *list_type)) return chunk;
+      // Only the type of another list is read: some lists ("wavl") hold the audio.
+      if (chunk.size >= kTypeSize && SameId(Read(chunk.data, kTypeSize), *list_type)) {
+        return chunk;
       }
     }
     // Skip the data, and the pad byte after an odd size, without reading either.

@@ -220,8 +220,8 @@ TEST(ReadWavTagsFileTest, SkipsHugeAudioWithoutReadingIt) {
                           {&values.genre, &values.artist, &values.album, &values.title}));
   EXPECT_EQ(values, kAll);
   EXPECT_FALSE(files.ReadAnyOf(audio_begin, audio_begin + kAudioSize));
-  // Chunk headers, then the whole list once; the four ids are found in memory.
-  EXPECT_LE(files.reads().size(), 5u);
+  // Four chunk headers, the list type, then the whole list once; the ids are found in memory.
+  EXPECT_LE(files.reads().size(), 6u);
 }
 
 // A list too big to read whole is searched header by header; the big chunk is skipped.
@@ -274,7 +274,21 @@ TEST(ReadWavTagsFileTest, StreamingSizesNeedNoExtraReads) {
   EXPECT_TRUE(ReadWavTags(files, "/a.wav", kTagIds,
                           {&values.genre, &values.artist, &values.album, &values.title}));
   EXPECT_EQ(values, kAll);
-  EXPECT_LE(files.reads().size(), 5u);
+  EXPECT_LE(files.reads().size(), 6u);
+}
+
+// Other lists are passed over after their type; a "wavl" list holds audio.
+TEST(ReadWavTagsFileTest, ReadsNoOtherListBeyondItsType) {
+  const std::string wave_list = ListChunk("wavl", Chunk("data", std::string(1000, 'a')));
+  fakes::MemoryBinaryFiles files;
+  files.Add("/a.wav", Wave(wave_list + AllTags()));
+  const std::uint64_t list_begin = 12 + FormatChunk().size();
+
+  Values values;
+  EXPECT_TRUE(ReadWavTags(files, "/a.wav", kTagIds,
+                          {&values.genre, &values.artist, &values.album, &values.title}));
+  EXPECT_EQ(values, kAll);
+  EXPECT_FALSE(files.ReadAnyOf(list_begin + 12, list_begin + wave_list.size()));
 }
 
 }  // namespace

@@ -46,6 +46,12 @@ std::string Text(const std::string& id, const std::string& text) {
 
 const Values kAll = {"Jazz FM", "Anna", "Live", "Song"};
 
+bool Read(fakes::MemoryBinaryFiles& files, const std::string& path, Values& values,
+          const std::vector<std::string>& ids = kTagIds) {
+  return ReadWavTags(files, path, ids,
+                     {&values.genre, &values.artist, &values.album, &values.title});
+}
+
 struct ReadCase {
   const char* name;
   std::string bytes;
@@ -175,8 +181,7 @@ TEST_P(ReadWavTagsTest, FindsChunksLikeTheMultimediaIo) {
   fakes::MemoryBinaryFiles files;
   files.Add("/rec/a.wav", GetParam().bytes);
   Values values;
-  const bool ok = ReadWavTags(files, "/rec/a.wav", GetParam().ids,
-                              {&values.genre, &values.artist, &values.album, &values.title});
+  const bool ok = Read(files, "/rec/a.wav", values, GetParam().ids);
   EXPECT_EQ(ok, GetParam().ok);
   EXPECT_EQ(values, GetParam().values);
   EXPECT_EQ(files.opens(), 1);
@@ -189,8 +194,7 @@ INSTANTIATE_TEST_SUITE_P(Files, ReadWavTagsTest, ::testing::ValuesIn(Cases()),
 TEST(ReadWavTagsFileTest, UnopenableFileChangesNothing) {
   fakes::MemoryBinaryFiles files;
   Values values;
-  EXPECT_FALSE(ReadWavTags(files, "/rec/missing.wav", kTagIds,
-                           {&values.genre, &values.artist, &values.album, &values.title}));
+  EXPECT_FALSE(Read(files, "/rec/missing.wav", values));
   EXPECT_EQ(values, Values{});
 }
 
@@ -216,8 +220,7 @@ TEST(ReadWavTagsFileTest, SkipsHugeAudioWithoutReadingIt) {
                   audio_begin + kAudioSize + list.size());
 
   Values values;
-  EXPECT_TRUE(ReadWavTags(files, "/big.wav", kTagIds,
-                          {&values.genre, &values.artist, &values.album, &values.title}));
+  EXPECT_TRUE(Read(files, "/big.wav", values));
   EXPECT_EQ(values, kAll);
   EXPECT_FALSE(files.ReadAnyOf(audio_begin, audio_begin + kAudioSize));
   // Four chunk headers, the list type, then the whole list once; the ids are found in memory.
@@ -237,8 +240,7 @@ TEST(ReadWavTagsFileTest, SearchesLargeListChunkByChunk) {
   const std::uint64_t comment_begin = 12 + 12 + 8;
 
   Values values;
-  EXPECT_TRUE(ReadWavTags(files, "/a.wav", kTagIds,
-                          {&values.genre, &values.artist, &values.album, &values.title}));
+  EXPECT_TRUE(Read(files, "/a.wav", values));
   EXPECT_EQ(values, kAll);
   EXPECT_FALSE(files.ReadAnyOf(comment_begin, comment_begin + comment.size()));
 }
@@ -256,8 +258,7 @@ TEST(ReadWavTagsFileTest, ReadsLongTextsOfLargeList) {
   const std::uint64_t zeros_begin = 12 + list.size() - zeros.size();
 
   Values values;
-  EXPECT_TRUE(ReadWavTags(files, "/a.wav", kTagIds,
-                          {&values.genre, &values.artist, &values.album, &values.title}));
+  EXPECT_TRUE(Read(files, "/a.wav", values));
   EXPECT_EQ(values, (Values{long_genre, "Anna", "Live", "Song"}));
   EXPECT_FALSE(files.ReadAnyOf(zeros_begin + (64 << 10), zeros_begin + zeros.size()));
 }
@@ -271,8 +272,7 @@ TEST(ReadWavTagsFileTest, StreamingSizesNeedNoExtraReads) {
   files.Add("/a.wav", ChunkHeader("RIFF", 0xFFFFFFFF) + "WAVE" + FormatChunk() +
                           Chunk("data", kAudio) + ChunkHeader("LIST", 0xFFFFFFFF) + "INFO" + body);
   Values values;
-  EXPECT_TRUE(ReadWavTags(files, "/a.wav", kTagIds,
-                          {&values.genre, &values.artist, &values.album, &values.title}));
+  EXPECT_TRUE(Read(files, "/a.wav", values));
   EXPECT_EQ(values, kAll);
   EXPECT_LE(files.reads().size(), 6u);
 }
@@ -285,8 +285,7 @@ TEST(ReadWavTagsFileTest, ReadsNoOtherListBeyondItsType) {
   const std::uint64_t list_begin = 12 + FormatChunk().size();
 
   Values values;
-  EXPECT_TRUE(ReadWavTags(files, "/a.wav", kTagIds,
-                          {&values.genre, &values.artist, &values.album, &values.title}));
+  EXPECT_TRUE(Read(files, "/a.wav", values));
   EXPECT_EQ(values, kAll);
   EXPECT_FALSE(files.ReadAnyOf(list_begin + 12, list_begin + wave_list.size()));
 }

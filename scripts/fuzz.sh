@@ -15,8 +15,13 @@ for target in "${targets[@]}"; do
   name=$(basename "$target")
   corpus="build/fuzz/corpus/$name"
   mkdir -p "$corpus"
-  seeds="fuzz/seeds/$name"
+  options=(-max_total_time="$seconds" -timeout=5 -rss_limit_mb=2048)
+  [ -f "fuzz/$name.dict" ] && options+=(-dict="fuzz/$name.dict")
+  # Seeds are written by a script rather than committed as binary files.
+  seeds="build/fuzz/seeds/$name"
+  if [ -x "fuzz/${name}_seeds.sh" ]; then
+    "fuzz/${name}_seeds.sh" "$seeds"
+  fi
   echo "== $name for ${seconds}s"
-  "$target" -max_total_time="$seconds" -timeout=5 -rss_limit_mb=2048 "$corpus" \
-    $( [ -d "$seeds" ] && echo "$seeds" )
+  "$target" "${options[@]}" "$corpus" $([ -d "$seeds" ] && echo "$seeds")
 done

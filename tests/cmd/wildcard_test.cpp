@@ -33,7 +33,8 @@ INSTANTIATE_TEST_SUITE_P(
         WildcardCase{"a*b*c", "aXbYc", true}, WildcardCase{"a*b*c", "aXbYcZ", false},
         WildcardCase{"*x", "xxxx", true}, WildcardCase{"**a", "a", true},
         WildcardCase{"plain.txt", "plain.txt", true},
-        WildcardCase{"plain.txt", "plain.txt2", false}));
+        WildcardCase{"*", "*x", true},  // a star in a name is a character like any other
+        WildcardCase{"*b", "*ab", true}, WildcardCase{"plain.txt", "plain.txt2", false}));
 
 TEST(HasWildcardsTest, SeesStarsAndQuestionMarks) {
   EXPECT_TRUE(HasWildcards("*.bat"));

@@ -18,6 +18,9 @@ namespace {
 using platform::posix::ClearConsoleTitle;
 using platform::posix::PublishConsoleTitle;
 
+// Fixed at start: the script may change the variables the folder derives from.
+std::string title_folder;
+
 // The title files, ready for the signal handler, which may not build strings.
 char title_path[4096];
 char title_temporary_path[4096];
@@ -59,7 +62,7 @@ void Publish(pid_t pid, const std::string& title) {
   sigemptyset(&ending);
   for (const int signal_number : kEndingSignals) sigaddset(&ending, signal_number);
   sigprocmask(SIG_BLOCK, &ending, &previous);
-  PublishConsoleTitle(pid, title);
+  PublishConsoleTitle(title_folder, pid, title);
   sigprocmask(SIG_SETMASK, &previous, nullptr);
 }
 
@@ -80,9 +83,10 @@ int main(int argc, char** argv) {
   }
 
   const pid_t pid = getpid();
-  CopyPath(platform::posix::ConsoleTitlePath(pid), title_path);
-  CopyPath(platform::posix::ConsoleTitleTemporaryPath(pid), title_temporary_path);
-  ClearConsoleTitle(pid);  // a process that had our id before may have left one
+  title_folder = platform::posix::ConsoleTitleFolder();
+  CopyPath(platform::posix::ConsoleTitlePath(title_folder, pid), title_path);
+  CopyPath(platform::posix::ConsoleTitleTemporaryPath(title_folder, pid), title_temporary_path);
+  ClearConsoleTitle(title_folder, pid);  // a process that had our id before may have left one
   InstallSignalHandlers();
 
   ExpansionContext context;
@@ -101,6 +105,6 @@ int main(int argc, char** argv) {
   } else {
     exit_code = RunScript(invocation.script, interpreter);
   }
-  ClearConsoleTitle(pid);
+  ClearConsoleTitle(title_folder, pid);
   return exit_code;
 }

@@ -220,6 +220,18 @@ TEST_F(WavforgeCmdTest, TitleIsVisibleWhileALongCommandRunsAndGoneAfterwards) {
   EXPECT_EQ(platform::posix::ReadConsoleTitle(pid), std::nullopt);
 }
 
+TEST_F(WavforgeCmdTest, TitleStaysWhereItWasWhenTheScriptMovesTheTemporaryFolders) {
+  const fs::path script = WriteScript("@set XDG_RUNTIME_DIR=" + (Root() / "moved").string() +
+                                      "\r\n@set TMPDIR=" + (Root() / "moved").string() +
+                                      "\r\n@title Larkspur Encoder\r\n@sleep 1\r\n");
+  InterpreterProcess process({script.string()}, Folder());
+  const pid_t pid = process.Pid();
+  EXPECT_EQ(AwaitTitle(pid), "Larkspur Encoder");
+  process.Wait();
+  EXPECT_EQ(platform::posix::ReadConsoleTitle(pid), std::nullopt);
+  EXPECT_FALSE(fs::exists(Root() / "moved"));
+}
+
 class WavforgeCmdSignalTest : public WavforgeCmdTest, public ::testing::WithParamInterface<int> {};
 
 TEST_P(WavforgeCmdSignalTest, EndingSignalRemovesTheTitle) {

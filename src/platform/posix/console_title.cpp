@@ -50,31 +50,32 @@ std::string ConsoleTitleFolder() {
   return temp + "/wavforge-titles-" + std::to_string(geteuid());
 }
 
-std::string ConsoleTitlePath(pid_t pid) {
-  return ConsoleTitleFolder() + "/" + std::to_string(pid);
+std::string ConsoleTitlePath(const std::string& folder, pid_t pid) {
+  return folder + "/" + std::to_string(pid);
 }
 
-std::string ConsoleTitleTemporaryPath(pid_t pid) {
+std::string ConsoleTitleTemporaryPath(const std::string& folder, pid_t pid) {
   // Starts with a dot so a reader listing the folder never takes it for a process id.
-  return ConsoleTitleFolder() + "/." + std::to_string(pid) + ".tmp";
+  return folder + "/." + std::to_string(pid) + ".tmp";
 }
 
-bool PublishConsoleTitle(pid_t pid, const std::string& title) {
-  if (!EnsurePrivateFolder(ConsoleTitleFolder())) return false;
-  const std::string temporary = ConsoleTitleTemporaryPath(pid);
+bool PublishConsoleTitle(const std::string& folder, pid_t pid, const std::string& title) {
+  if (!EnsurePrivateFolder(folder)) return false;
+  const std::string temporary = ConsoleTitleTemporaryPath(folder, pid);
   const int fd =
       open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600);
   if (fd < 0) return false;
   const bool written = WriteAll(fd, title);
-  if (close(fd) != 0 || !written || rename(temporary.c_str(), ConsoleTitlePath(pid).c_str()) != 0) {
+  if (close(fd) != 0 || !written ||
+      rename(temporary.c_str(), ConsoleTitlePath(folder, pid).c_str()) != 0) {
     unlink(temporary.c_str());
     return false;
   }
   return true;
 }
 
-std::optional<std::string> ReadConsoleTitle(pid_t pid) {
-  const int fd = open(ConsoleTitlePath(pid).c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+std::optional<std::string> ReadConsoleTitle(const std::string& folder, pid_t pid) {
+  const int fd = open(ConsoleTitlePath(folder, pid).c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
   if (fd < 0) return std::nullopt;
   std::string title;
   char buffer[4096];
@@ -89,9 +90,29 @@ std::optional<std::string> ReadConsoleTitle(pid_t pid) {
   return title;
 }
 
+void ClearConsoleTitle(const std::string& folder, pid_t pid) {
+  unlink(ConsoleTitlePath(folder, pid).c_str());
+  unlink(ConsoleTitleTemporaryPath(folder, pid).c_str());
+}
+
+std::string ConsoleTitlePath(pid_t pid) {
+  return ConsoleTitlePath(ConsoleTitleFolder(), pid);
+}
+
+std::string ConsoleTitleTemporaryPath(pid_t pid) {
+  return ConsoleTitleTemporaryPath(ConsoleTitleFolder(), pid);
+}
+
+bool PublishConsoleTitle(pid_t pid, const std::string& title) {
+  return PublishConsoleTitle(ConsoleTitleFolder(), pid, title);
+}
+
+std::optional<std::string> ReadConsoleTitle(pid_t pid) {
+  return ReadConsoleTitle(ConsoleTitleFolder(), pid);
+}
+
 void ClearConsoleTitle(pid_t pid) {
-  unlink(ConsoleTitlePath(pid).c_str());
-  unlink(ConsoleTitleTemporaryPath(pid).c_str());
+  ClearConsoleTitle(ConsoleTitleFolder(), pid);
 }
 
 }  // namespace platform::posix

@@ -32,4 +32,12 @@ std::optional<std::string> ReadConsoleTitle(pid_t pid);
 // Forgets the title of pid (and any half-written one).
 void ClearConsoleTitle(pid_t pid);
 
+// The same in a folder fixed beforehand: the interpreter takes ConsoleTitleFolder() once at
+// start, so a script that sets TMPDIR or XDG_RUNTIME_DIR cannot move its title out of sight.
+std::string ConsoleTitlePath(const std::string& folder, pid_t pid);
+std::string ConsoleTitleTemporaryPath(const std::string& folder, pid_t pid);
+bool PublishConsoleTitle(const std::string& folder, pid_t pid, const std::string& title);
+std::optional<std::string> ReadConsoleTitle(const std::string& folder, pid_t pid);
+void ClearConsoleTitle(const std::string& folder, pid_t pid);
+
 }  // namespace platform::posix

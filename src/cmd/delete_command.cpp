@@ -17,6 +17,7 @@ namespace wavforge::cmd {
 namespace {
 
 constexpr char kSeparator = platform::kPathSeparator;
+const std::string kAllFiles = "*";
 
 bool IsRealFolder(const std::string& path) {
   struct stat info {};
@@ -24,8 +25,10 @@ bool IsRealFolder(const std::string& path) {
 }
 
 std::string Join(const std::string& folder, const std::string& name) {
-  if (folder.empty()) return name;
-  return folder.back() == kSeparator ? folder + name : folder + kSeparator + name;
+  std::string path = folder;
+  if (!path.empty() && path.back() != kSeparator) path += kSeparator;
+  path += name;
+  return path;
 }
 
 void DeleteFile(const std::string& path, InterpreterState& state) {
@@ -57,16 +60,15 @@ void DeleteMatching(const std::string& folder, const std::string& pattern, bool 
 
 void DeleteName(const std::string& name, bool recurse, InterpreterState& state) {
   const std::size_t slash = name.rfind(kSeparator);
-  std::string folder = slash == std::string::npos ? std::string() : name.substr(0, slash + 1);
-  std::string pattern = slash == std::string::npos ? name : name.substr(slash + 1);
+  const std::size_t pattern_at = slash == std::string::npos ? 0 : slash + 1;
+  const std::string pattern = name.substr(pattern_at);
   if (pattern.empty() || (!HasWildcards(pattern) && IsRealFolder(name))) {
-    folder = name;  // a folder stands for all the files in it
-    pattern = "*";
+    DeleteMatching(name, kAllFiles, recurse, state);  // a folder stands for all its files
   } else if (!HasWildcards(pattern) && !recurse) {
     if (!IsRealFolder(name)) DeleteFile(name, state);
-    return;
+  } else {
+    DeleteMatching(name.substr(0, pattern_at), pattern, recurse, state);
   }
-  DeleteMatching(folder, pattern, recurse, state);
 }
 
 }  // namespace

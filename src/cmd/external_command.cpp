@@ -1,0 +1,26 @@
+#include "cmd/external_command.h"
+
+#include <string>
+
+#include "cmd/argument_splitter.h"
+#include "cmd/output.h"
+#include "cmd/program_launcher.h"
+
+namespace wavforge::cmd {
+
+void RunExternalCommand(std::string_view command_line, InterpreterState& state) {
+  const std::vector<std::string> argv = SplitCommandLine(command_line);
+  if (argv.empty()) return;
+  const std::optional<std::string> program = FindProgram(argv.front());
+  const std::optional<int> status = program ? LaunchProgram(*program, argv, {}) : std::nullopt;
+  if (!status) {
+    WriteError("'" + std::string(ProgramNameAsWritten(command_line)) +
+               "' is not recognized as an internal or external command,\n"
+               "operable program or batch file.\n");
+    state.error_level = 9009;
+    return;
+  }
+  state.error_level = *status;
+}
+
+}  // namespace wavforge::cmd

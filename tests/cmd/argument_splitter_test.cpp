@@ -1,0 +1,63 @@
+#include "cmd/argument_splitter.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace wavforge::cmd {
+namespace {
+
+struct SplitCase {
+  const char* name;
+  std::string line;
+  std::vector<std::string> expected;
+};
+
+class SplitCommandLineTest : public ::testing::TestWithParam<SplitCase> {};
+
+TEST_P(SplitCommandLineTest, BuildsArgvLikeTheMicrosoftRuntime) {
+  EXPECT_EQ(SplitCommandLine(GetParam().line), GetParam().expected) << GetParam().line;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rules, SplitCommandLineTest,
+    ::testing::Values(
+        SplitCase{"Empty", "", {}}, SplitCase{"OnlyBlanks", " \t ", {}},
+        SplitCase{"Words", "prog a b c", {"prog", "a", "b", "c"}},
+        SplitCase{"BlanksAndTabsSeparate", "  prog   a\tb ", {"prog", "a", "b"}},
+        SplitCase{"QuotesGroup", R"(prog "a b" c)", {"prog", "a b", "c"}},
+        SplitCase{"QuotesInsideAWord", R"(prog a"b c"d)", {"prog", "ab cd"}},
+        SplitCase{"TabInsideQuotes", "prog \"x\ty\"", {"prog", "x\ty"}},
+        SplitCase{"EmptyQuotedArgument", R"(prog "" x)", {"prog", "", "x"}},
+        SplitCase{"UnterminatedQuoteRunsToTheEnd", R"(prog "open arg)", {"prog", "open arg"}},
+        SplitCase{"BackslashesAloneAreLiteral", R"(prog a\\b c\)", {"prog", R"(a\\b)", R"(c\)"}},
+        SplitCase{"OddBackslashesEscapeTheQuote", R"(prog a\"b)", {"prog", R"(a"b)"}},
+        SplitCase{"ThreeBackslashesGiveOneAndAQuote", R"(prog a\\\"b)", {"prog", R"(a\"b)"}},
+        SplitCase{"EvenBackslashesHalveAndToggle", R"(prog a\\"b c")", {"prog", R"(a\b c)"}},
+        SplitCase{"FourBackslashesGiveTwo", R"(prog a\\\\"b")", {"prog", R"(a\\b)"}},
+        SplitCase{"EscapedQuoteAtTheEndOfAGroup", R"(prog "a\")", {"prog", R"(a")"}},
+        SplitCase{"DoubledQuoteInsideAGroup", R"(prog "a"" b")", {"prog", R"(a" b)"}},
+        SplitCase{"FourQuotesGiveOne", R"(prog """")", {"prog", R"(")"}},
+        SplitCase{"ProgramNameKeepsBackslashes",
+                  R"("C:\Program Files\lame.exe" --quiet)",
+                  {R"(C:\Program Files\lame.exe)", "--quiet"}},
+        SplitCase{"ProgramNameQuoteIsNotEscaped", R"(prog\" a)", {R"(prog\ a)"}},
+        SplitCase{"EncoderLine",
+                  R"("/opt/my tools/lame" -V2 --tt "Song \"Live\"" "/rec/Band - Song.wav")",
+                  {"/opt/my tools/lame", "-V2", "--tt", R"(Song "Live")", "/rec/Band - Song.wav"}}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(ProgramNameAsWrittenTest, KeepsQuotesAndStopsAtTheFirstBlank) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"lame --preset", "lame"},
+      {R"(  "my tool" -x)", R"("my tool")"},
+      {R"(a"b c"d e)", R"(a"b c"d)"},
+      {"", ""},
+  };
+  for (const auto& [line, expected] : cases)
+    EXPECT_EQ(ProgramNameAsWritten(line), expected) << line;
+}
+
+}  // namespace
+}  // namespace wavforge::cmd

@@ -1,0 +1,335 @@
+// Runs the real wavforge-cmd binary on scripts in a private folder.
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <optional>
+#include <thread>
+
+#include "cmd/interpreter_process.h"
+#include "platform/posix/console_title.h"
+#include "support/isolated_home.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing_support::InterpreterProcess;
+using testing_support::InterpreterRun;
+using testing_support::RunInterpreter;
+
+constexpr const char* kNotRecognized =
+    "' is not recognized as an internal or external command,\noperable program or batch file.\n";
+
+std::string ReplaceAll(std::string text, const std::string& from, const std::string& to) {
+  for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
+    text.replace(at, from.size(), to);
+  }
+  return text;
+}
+
+using Files = std::vector<std::pair<std::string, std::string>>;
+
+struct ScriptCase {
+  const char* name = "";
+  std::string script{};  // "{dir}" stands for the folder the script runs in
+  std::vector<std::string> arguments{};
+  Files files_before{};
+  std::string output{};  // "{dir}" as above
+  std::string errors{};
+  Files files_after{};
+  std::vector<std::string> absent{};
+  std::optional<int> exit_code{};
+};
+
+class WavforgeCmdScriptTest : public testing_support::IsolatedHomeTest,
+                              public ::testing::WithParamInterface<ScriptCase> {};
+
+TEST_P(WavforgeCmdScriptTest, RunsTheScript) {
+  const ScriptCase& c = GetParam();
+  const fs::path folder = fs::canonical(TempFolder());
+  const std::string dir = folder.string();
+  for (const auto& [name, content] : c.files_before) {
+    testing_support::WriteFile(folder / name, content);
+  }
+  const fs::path script = folder / "job.bat";
+  testing_support::WriteFile(script, ReplaceAll(c.script, "{dir}", dir));
+  std::vector<std::string> arguments = {script.string()};
+  arguments.insert(arguments.end(), c.arguments.begin(), c.arguments.end());
+
+  const InterpreterRun run = RunInterpreter(arguments, folder);
+
+  EXPECT_EQ(run.output, ReplaceAll(c.output, "{dir}", dir));
+  EXPECT_EQ(run.errors, c.errors);
+  for (const auto& [name, content] : c.files_after) {
+    EXPECT_TRUE(fs::exists(folder / name)) << name;
+    EXPECT_EQ(testing_support::ReadFile(folder / name), content) << name;
+  }
+  for (const std::string& name : c.absent) EXPECT_FALSE(fs::exists(folder / name)) << name;
+  if (c.exit_code) {
+    EXPECT_EQ(run.exit_code, *c.exit_code);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(LineEnds, WavforgeCmdScriptTest,
+                         ::testing::Values(ScriptCase{.name = "LineFeedOnly",
+                                                      .script = "@echo off\necho one\necho two\n",
+                                                      .output = "one\ntwo\n"},
+                                           ScriptCase{.name = "CarriageReturnLineFeedLastLineOpen",
+                                                      .script = "@echo off\r\necho one\r\necho two",
+                                                      .output = "one\ntwo\n"}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+INSTANTIATE_TEST_SUITE_P(
+    Echo, WavforgeCmdScriptTest,
+    ::testing::Values(
+        ScriptCase{.name = "CommandsEchoedWithThePrompt",
+                   .script = "echo hi\r\n@echo quiet\r\nrem note > not-made.txt\r\n:label\r\n\r\n",
+                   .output = "\n{dir}>echo hi\nhi\nquiet\n\n{dir}>rem note > not-made.txt\n",
+                   .absent = {"not-made.txt"}},
+        ScriptCase{.name = "EchoOffIsItselfEchoed",
+                   .script = "echo off\r\necho x\r\necho\r\necho.\r\n",
+                   .output = "\n{dir}>echo off\nx\nECHO is off.\n\n"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+INSTANTIATE_TEST_SUITE_P(
+    Expansion, WavforgeCmdScriptTest,
+    ::testing::Values(
+        ScriptCase{.name = "Arguments",
+                   .script = "@echo [%1] [%2] [%3] [%*] [%~2]\r\n",
+                   .arguments = {"a", "b c"},
+                   .output = "[a] [\"b c\"] [] [a \"b c\"] [b c]\n"},
+        ScriptCase{.name = "SetThenExpandIgnoringCase",
+                   .script = "@set WF_X=some value\r\n@echo %wf_x%-%WF_UNDEFINED%-%%\r\n",
+                   .output = "some value--%\n"},
+        // A WAV format's line keeps "%1" for the quality, which the script has no value for.
+        ScriptCase{.name = "MissingQualityArgumentVanishes",
+                   .script = "@sh -c \"printf '[%%s]' \\\"$@\\\"\" sh -V %1 out>args.txt\r\n",
+                   .files_after = {{"args.txt", "[-V][out]"}}}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+INSTANTIATE_TEST_SUITE_P(
+    Redirection, WavforgeCmdScriptTest,
+    ::testing::Values(
+        ScriptCase{.name = "AppendsToTheLogWithErrors",
+                   .script = "@echo first>\"log dir/encode.log\"\r\n"
+                             "@echo second>>\"log dir/encode.log\"\r\n"
+                             "@sh -c \"echo to-err 1>&2\" >>\"log dir/encode.log\" 2>&1\r\n",
+                   .files_before = {{"log dir/keep", ""}},
+                   .files_after = {{"log dir/encode.log", "first\nsecond\nto-err\n"}}},
+        ScriptCase{.name = "TruncatesWithOneSign",
+                   .script = "@echo a>f.txt\r\n@echo b>f.txt\r\n",
+                   .files_after = {{"f.txt", "b\n"}}},
+        ScriptCase{.name = "QuotedSignIsText",
+                   .script = "@echo \"a>b\"\r\n",
+                   .output = "\"a>b\"\n",
+                   .absent = {"b\"", "b"}},
+        ScriptCase{.name = "NulSwallowsOutput",
+                   .script = "@echo gone>nul\r\n@echo kept\r\n",
+                   .output = "kept\n",
+                   .absent = {"nul"}}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+INSTANTIATE_TEST_SUITE_P(
+    Flow, WavforgeCmdScriptTest,
+    ::testing::Values(
+        ScriptCase{.name = "MissingProgramDoesNotStopTheScript",
+                   .script = "@nosuchprogram-wf 1 2\r\n@\"no such/tool\" x\r\n@echo after\r\n",
+                   .output = "after\n",
+                   .errors = std::string("'nosuchprogram-wf") + kNotRecognized +
+                             "'\"no such/tool\"" + kNotRecognized},
+        ScriptCase{.name = "SuccessAndFailureChains",
+                   .script = "@sh -c \"exit 3\" && echo no || echo yes\r\n@echo %errorlevel%\r\n",
+                   .output = "yes\n3\n"},
+        ScriptCase{.name = "ExitEndsTheRun",
+                   .script = "@echo one\r\n@exit /b 4\r\n@echo two\r\n",
+                   .output = "one\n",
+                   .exit_code = 4}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+INSTANTIATE_TEST_SUITE_P(
+    Delete, WavforgeCmdScriptTest,
+    ::testing::Values(
+        ScriptCase{.name = "SourceAndEveryExtension",
+                   .script = "@del \"{dir}/rec/Band - Song.*\"\r\n",
+                   .files_before = {{"rec/Band - Song.wav", ""},
+                                    {"rec/Band - Song.mp3", ""},
+                                    {"rec/Band - Song", ""},
+                                    {"rec/Band - Songs.wav", "s"},
+                                    {"rec/other.txt", "o"}},
+                   .files_after = {{"rec/Band - Songs.wav", "s"}, {"rec/other.txt", "o"}},
+                   .absent = {"rec/Band - Song.wav", "rec/Band - Song.mp3", "rec/Band - Song"}},
+        ScriptCase{.name = "QuestionMarkInSubfolders",
+                   .script = "@del /q /s \"tree/?.tmp\"\r\n",
+                   .files_before = {{"tree/a.tmp", ""},
+                                    {"tree/sub/b.tmp", ""},
+                                    {"tree/sub/ab.tmp", "2"},
+                                    {"tree/c.txt", "c"}},
+                   .files_after = {{"tree/sub/ab.tmp", "2"}, {"tree/c.txt", "c"}},
+                   .absent = {"tree/a.tmp", "tree/sub/b.tmp"}},
+        ScriptCase{.name = "SeveralNamesMissingOnesSilent",
+                   .script = "@erase missing.txt one.txt \"two words.txt\" /f\r\n",
+                   .files_before = {{"one.txt", ""}, {"two words.txt", ""}, {"keep.txt", "k"}},
+                   .files_after = {{"keep.txt", "k"}},
+                   .absent = {"one.txt", "two words.txt"}},
+        ScriptCase{.name = "FolderMeansItsFiles",
+                   .script = "@del /q box\r\n",
+                   .files_before = {{"box/a", ""}, {"box/b", ""}, {"box/inner/c", "c"}},
+                   .files_after = {{"box/inner/c", "c"}},
+                   .absent = {"box/a", "box/b"}},
+        ScriptCase{.name = "ScriptDeletingItselfStopsThere",
+                   .script = "@echo before>before.txt\r\n@del \"%0\"\r\n@echo after>after.txt\r\n",
+                   .files_after = {{"before.txt", "before\n"}},
+                   .absent = {"after.txt", "job.bat"}},
+        ScriptCase{
+            .name = "ScriptKeptRunsOn",
+            .script = "@echo before>before.txt\r\n@del \"%0.old\"\r\n@echo after>after.txt\r\n",
+            .files_after = {{"before.txt", "before\n"}, {"after.txt", "after\n"}}}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+class WavforgeCmdTest : public testing_support::IsolatedHomeTest {
+ protected:
+  fs::path Folder() const { return fs::canonical(TempFolder()); }
+
+  fs::path WriteScript(const std::string& text) const {
+    const fs::path script = Folder() / "job.bat";
+    testing_support::WriteFile(script, text);
+    return script;
+  }
+};
+
+// Polls until the interpreter has published a title, for at most a few seconds.
+std::optional<std::string> AwaitTitle(pid_t pid) {
+  for (int i = 0; i < 250; ++i) {
+    if (auto title = platform::posix::ReadConsoleTitle(pid)) return title;
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
+  return std::nullopt;
+}
+
+TEST_F(WavforgeCmdTest, TitleIsVisibleWhileALongCommandRunsAndGoneAfterwards) {
+  const fs::path script = WriteScript("title Larkspur Encoder\r\n@sleep 1\r\n@echo done\r\n");
+  InterpreterProcess process({script.string()}, Folder());
+  const pid_t pid = process.Pid();
+  EXPECT_EQ(AwaitTitle(pid), "Larkspur Encoder");
+  const InterpreterRun run = process.Wait();
+  EXPECT_EQ(run.exit_code, 0);
+  EXPECT_EQ(run.output, "\n" + Folder().string() + ">title Larkspur Encoder\ndone\n");
+  EXPECT_EQ(platform::posix::ReadConsoleTitle(pid), std::nullopt);
+}
+
+TEST_F(WavforgeCmdTest, TitleStaysWhereItWasWhenTheScriptMovesTheTemporaryFolders) {
+  const fs::path script = WriteScript("@set XDG_RUNTIME_DIR=" + (Root() / "moved").string() +
+                                      "\r\n@set TMPDIR=" + (Root() / "moved").string() +
+                                      "\r\n@title Larkspur Encoder\r\n@sleep 1\r\n");
+  InterpreterProcess process({script.string()}, Folder());
+  const pid_t pid = process.Pid();
+  EXPECT_EQ(AwaitTitle(pid), "Larkspur Encoder");
+  process.Wait();
+  EXPECT_EQ(platform::posix::ReadConsoleTitle(pid), std::nullopt);
+  EXPECT_FALSE(fs::exists(Root() / "moved"));
+}
+
+class WavforgeCmdSignalTest : public WavforgeCmdTest, public ::testing::WithParamInterface<int> {};
+
+TEST_P(WavforgeCmdSignalTest, EndingSignalRemovesTheTitle) {
+  const fs::path script =
+      WriteScript("@title Larkspur Encoder\r\n@sleep 2\r\n@echo late>late.txt\r\n");
+  InterpreterProcess process({script.string()}, Folder());
+  const pid_t pid = process.Pid();
+  ASSERT_EQ(AwaitTitle(pid), "Larkspur Encoder");
+  kill(pid, GetParam());
+  const InterpreterRun run = process.Wait();
+  EXPECT_EQ(run.signal, GetParam());
+  EXPECT_EQ(platform::posix::ReadConsoleTitle(pid), std::nullopt);
+  EXPECT_FALSE(fs::exists(platform::posix::ConsoleTitleTemporaryPath(pid)));
+  EXPECT_FALSE(fs::exists(Folder() / "late.txt"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, WavforgeCmdSignalTest,
+                         ::testing::Values(SIGTERM, SIGINT, SIGHUP));
+
+struct StartCase {
+  const char* name;
+  const char* line;
+  double min_seconds;
+  double max_seconds;
+};
+
+class WavforgeCmdStartTest : public WavforgeCmdTest,
+                             public ::testing::WithParamInterface<StartCase> {};
+
+TEST_P(WavforgeCmdStartTest, WaitsOnlyWhenAsked) {
+  const fs::path script = WriteScript(std::string("@") + GetParam().line + "\r\n");
+  const auto begin = std::chrono::steady_clock::now();
+  const InterpreterRun run = RunInterpreter({script.string()}, Folder());
+  const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
+  EXPECT_EQ(run.exit_code, 0);
+  EXPECT_EQ(run.errors, "");
+  EXPECT_GE(took.count(), GetParam().min_seconds);
+  EXPECT_LT(took.count(), GetParam().max_seconds);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Forms, WavforgeCmdStartTest,
+    ::testing::Values(StartCase{"NoWait", R"(start "" /b /belownormal sleep 3)", 0.0, 2.0},
+                      StartCase{"Wait", R"(start "Encoder" /wait /low sleep 1)", 0.9, 10.0}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(WavforgeCmdTest, StartedProgramRunsInTheFolderGiven) {
+  fs::create_directories(Folder() / "out");
+  const fs::path script = WriteScript("@start /min /d out sh -c \"pwd > started.txt\"\r\n");
+  const InterpreterRun run = RunInterpreter({script.string()}, Folder());
+  EXPECT_EQ(run.errors, "");
+  const fs::path marker = Folder() / "out" / "started.txt";
+  for (int i = 0; i < 250 && testing_support::ReadFile(marker).empty(); ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
+  EXPECT_EQ(testing_support::ReadFile(marker), (Folder() / "out").string() + "\n");
+}
+
+struct CommandCase {
+  const char* name;
+  std::vector<std::string> arguments;
+  std::string output;
+  std::string errors;
+  int exit_code;
+};
+
+class WavforgeCmdCommandLineTest : public WavforgeCmdTest,
+                                   public ::testing::WithParamInterface<CommandCase> {};
+
+TEST_P(WavforgeCmdCommandLineTest, RunsOneLine) {
+  setenv("WF_TEST_VALUE", "val", 1);
+  const InterpreterRun run = RunInterpreter(GetParam().arguments, Folder());
+  unsetenv("WF_TEST_VALUE");
+  EXPECT_EQ(run.output, GetParam().output);
+  EXPECT_EQ(run.errors, GetParam().errors);
+  EXPECT_EQ(run.exit_code, GetParam().exit_code);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Forms, WavforgeCmdCommandLineTest,
+    ::testing::Values(
+        CommandCase{"VariablesExpandUndefinedStay",
+                    {"/c", "echo %wf_test_value% %WF_UNDEFINED% 100%% %1"},
+                    "val %WF_UNDEFINED% 100%% %1\n",
+                    "",
+                    0},
+        CommandCase{"QuietEchoState", {"/q", "/c", "echo"}, "ECHO is off.\n", "", 0},
+        CommandCase{"WordsJoined", {"/c", "echo", "a", "&&", "echo", "b"}, "a \nb\n", "", 0},
+        CommandCase{"ExitCode", {"/c", "exit 7"}, "", "", 7},
+        CommandCase{"ProgramExitCode", {"/c", "sh -c \"exit 5\""}, "", "", 5},
+        CommandCase{"NoArguments",
+                    {},
+                    "",
+                    "Usage: wavforge-cmd SCRIPT [ARGUMENTS...]\n"
+                    "       wavforge-cmd [/q] /c COMMAND LINE...\n",
+                    1},
+        CommandCase{
+            "MissingScript", {"missing.bat"}, "", std::string("'missing.bat") + kNotRecognized, 1}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+}  // namespace

@@ -1,0 +1,46 @@
+#include "cmd/wildcard.h"
+
+#include <gtest/gtest.h>
+
+namespace wavforge::cmd {
+namespace {
+
+struct WildcardCase {
+  const char* pattern;
+  const char* name;
+  bool matches;
+};
+
+class MatchesWildcardTest : public ::testing::TestWithParam<WildcardCase> {};
+
+TEST_P(MatchesWildcardTest, MatchesLikeDel) {
+  EXPECT_EQ(MatchesWildcard(GetParam().pattern, GetParam().name), GetParam().matches)
+      << GetParam().pattern << " against " << GetParam().name;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Patterns, MatchesWildcardTest,
+    ::testing::Values(
+        WildcardCase{"*.wav", "song.wav", true}, WildcardCase{"*.wav", "song.wav.bak", false},
+        WildcardCase{"*.wav", "song.WAV", false},  // names keep their case on this platform
+        WildcardCase{"Band - Song.*", "Band - Song.mp3", true},
+        WildcardCase{"Band - Song.*", "Band - Song", true},  // the extension may be missing
+        WildcardCase{"Band - Song.*", "Band - Song.tar.gz", true},
+        WildcardCase{"Band - Song.*", "Band - Songs.wav", false},
+        WildcardCase{"Band - Song.*", "Band - Song2", false}, WildcardCase{"*.*", "README", true},
+        WildcardCase{"*", ".hidden", true}, WildcardCase{"s?ng.wav", "sing.wav", true},
+        WildcardCase{"s?ng.wav", "sng.wav", false}, WildcardCase{"?", "ab", false},
+        WildcardCase{"a*b*c", "aXbYc", true}, WildcardCase{"a*b*c", "aXbYcZ", false},
+        WildcardCase{"*x", "xxxx", true}, WildcardCase{"**a", "a", true},
+        WildcardCase{"plain.txt", "plain.txt", true},
+        WildcardCase{"*", "*x", true},  // a star in a name is a character like any other
+        WildcardCase{"*b", "*ab", true}, WildcardCase{"plain.txt", "plain.txt2", false}));
+
+TEST(HasWildcardsTest, SeesStarsAndQuestionMarks) {
+  EXPECT_TRUE(HasWildcards("*.bat"));
+  EXPECT_TRUE(HasWildcards("take?.wav"));
+  EXPECT_FALSE(HasWildcards("Band - Song.wav"));
+}
+
+}  // namespace
+}  // namespace wavforge::cmd

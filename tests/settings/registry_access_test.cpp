@@ -115,15 +115,6 @@ INSTANTIATE_TEST_SUITE_P(
                  9,
                  9}));
 
-TEST(RegReadTest, MatchesNamesIgnoringCase) {
-  FakeRegistry registry;
-  registry.Put(kUser, "Software\\Microsoft\\Internet Explorer", "Download Directory",
-               Text("/home/anna/Downloads"));
-  EXPECT_EQ(
-      RegRead(registry, kUser, "SOFTWARE\\microsoft\\internet explorer", "download directory", ""s),
-      RegistryData("/home/anna/Downloads"s));
-}
-
 // --- RegRead of the default value ---------------------------------------------------------
 
 struct DefaultReadCase {
@@ -325,11 +316,6 @@ INSTANTIATE_TEST_SUITE_P(
                       SaveCase{SaveMachineSetting, kMachine, kUser, "Flags",
                                kProgramKey + "\\Flags"},
                       SaveCase{SaveMachineSetting, kMachine, kUser, "", kProgramKey}));
-
-TEST(ProgramKeyPathTest, AddsOnlyANonEmptySection) {
-  EXPECT_EQ(ProgramKeyPath(""), kProgramKey);
-  EXPECT_EQ(ProgramKeyPath("Flags"), kProgramKey + "\\Flags");
-}
 
 // --- The administrator test ----------------------------------------------------------------
 

@@ -1,0 +1,501 @@
+#include "platform/posix/sqlite_registry.h"
+
+#include <grp.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "support/isolated_home.h"
+
+namespace platform::posix {
+namespace {
+
+using namespace std::string_literals;
+namespace fs = std::filesystem;
+
+constexpr auto kUser = RegistryRoot::kCurrentUser;
+constexpr auto kMachine = RegistryRoot::kLocalMachine;
+constexpr auto kClasses = RegistryRoot::kClassesRoot;
+constexpr auto kUsers = RegistryRoot::kUsers;
+constexpr auto kQuery = RegistryAccess::kQuery;
+constexpr auto kWrite = RegistryAccess::kWrite;
+
+const char kAgentKey[] =
+    ".DEFAULT\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings";
+
+RegistryValue Text(const std::string& text) {
+  return {1, text + '\0'};
+}
+
+class SqliteRegistryTest : public testing_support::IsolatedHomeTest {
+ protected:
+  fs::path UserStore() const { return ConfigHome() / "Larkspur" / "registry.sqlite"; }
+  fs::path MachineStore() const { return MachineData() / "Larkspur" / "registry.sqlite"; }
+  SqliteRegistry Make(const std::string& agent = "") const {
+    return SqliteRegistry(UserStore(), MachineStore(), agent);
+  }
+};
+
+// --- Typed values ---------------------------------------------------------------------------
+
+struct TypedCase {
+  const char* description;
+  RegistryValue value;
+};
+
+void PrintTo(const TypedCase& c, std::ostream* out) {
+  *out << c.description;
+}
+
+std::string AllBytes() {
+  std::string bytes;
+  for (int b = 255; b >= 0; --b) bytes += static_cast<char>(b);
+  return bytes;
+}
+
+class SqliteRoundTripTest
+    : public SqliteRegistryTest,
+      public ::testing::WithParamInterface<std::tuple<RegistryRoot, TypedCase>> {};
+
+TEST_P(SqliteRoundTripTest, ValueReadsBackByteForByte) {
+  const auto [root, c] = GetParam();
+  const std::string key = "Software\\Larkspur Audio\\Larkspur\\Flags";
+  {
+    SqliteRegistry registry = Make();
+    ASSERT_TRUE(registry.SetDefaultText(root, key, ""));
+    ASSERT_TRUE(registry.SetValue(root, key, "Value", c.value));
+  }
+  // A fresh object shares nothing with the writer but the file.
+  SqliteRegistry reader = Make();
+  EXPECT_EQ(reader.QueryValue(root, key, "Value"), c.value);
+  EXPECT_EQ(reader.QueryValue(root, key, ""), Text(""));
+  EXPECT_TRUE(fs::is_regular_file(root == kUser ? UserStore() : MachineStore()));
+  EXPECT_FALSE(fs::exists(root == kUser ? MachineStore() : UserStore()));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Types, SqliteRoundTripTest,
+    ::testing::Combine(
+        ::testing::Values(kUser, kMachine),
+        ::testing::Values(TypedCase{"text", {1, "C:\\Music\\Larkspur\0"s}},
+                          TypedCase{"expandable text", {2, "%Temp%\\wavforge\0"s}},
+                          TypedCase{"multi-text", {7, "first\0second\0\0"s}},
+                          TypedCase{"number", {4, "\x2a\0\0\0"s}},
+                          TypedCase{"binary, every byte", {3, AllBytes()}},
+                          TypedCase{"empty binary", {3, ""s}},
+                          TypedCase{"64-bit number", {11, "\x01\x02\x03\x04\x05\x06\x07\x08"s}},
+                          TypedCase{"large text", {1, std::string(100000, 'w') + '\0'}},
+                          TypedCase{"unknown type", {0xFFFFFFFFu, "\xff"s}})));
+
+TEST_F(SqliteRegistryTest, OverwriteReplacesTypeAndData) {
+  SqliteRegistry registry = Make();
+  ASSERT_TRUE(registry.SetDefaultText(kUser, "Software\\Test", ""));
+  ASSERT_TRUE(registry.SetValue(kUser, "Software\\Test", "Code", Text("a long text value")));
+  ASSERT_TRUE(registry.SetValue(kUser, "Software\\Test", "Code", {4, "\x07\0\0\0"s}));
+  EXPECT_EQ(registry.QueryValue(kUser, "Software\\Test", "Code"),
+            (RegistryValue{4, "\x07\0\0\0"s}));
+}
+
+TEST_F(SqliteRegistryTest, DefaultTextStopsAtItsFirstNul) {
+  SqliteRegistry registry = Make();
+  ASSERT_TRUE(registry.SetDefaultText(kUser, "Software\\Test", "ab\0cd"s));
+  EXPECT_EQ(registry.QueryValue(kUser, "Software\\Test", ""), Text("ab"));
+}
+
+// --- Names ----------------------------------------------------------------------------------
+
+struct SpellingCase {
+  std::string written_key;
+  std::string written_name;
+  std::string read_key;
+  std::string read_name;
+  bool same_key;
+  bool same_value;
+};
+
+void PrintTo(const SpellingCase& c, std::ostream* out) {
+  *out << c.written_key << "/" << c.written_name << " vs " << c.read_key << "/" << c.read_name;
+}
+
+class SqliteNameTest : public SqliteRegistryTest,
+                       public ::testing::WithParamInterface<SpellingCase> {};
+
+TEST_P(SqliteNameTest, NamesMatchIgnoringAsciiCase) {
+  const SpellingCase& c = GetParam();
+  SqliteRegistry registry = Make();
+  ASSERT_TRUE(registry.SetDefaultText(kUser, c.written_key, ""));
+  ASSERT_TRUE(registry.SetValue(kUser, c.written_key, c.written_name, Text("first")));
+  EXPECT_EQ(registry.OpenKey(kUser, c.read_key, kQuery), c.same_key);
+  EXPECT_EQ(registry.QueryValue(kUser, c.read_key, c.read_name),
+            c.same_value ? std::optional(Text("first")) : std::nullopt);
+  // Writing through the other spelling replaces the value instead of adding one.
+  if (c.same_value) {
+    ASSERT_TRUE(registry.SetValue(kUser, c.read_key, c.read_name, Text("second")));
+    EXPECT_EQ(registry.QueryValue(kUser, c.written_key, c.written_name), Text("second"));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Spellings, SqliteNameTest,
+    ::testing::Values(
+        SpellingCase{"Software\\Larkspur", "Code", "SOFTWARE\\larkspur", "CODE", true, true},
+        SpellingCase{"Software\\Larkspur", "NextUpdateCheck", "software\\LarkSpur",
+                     "nextupdatecheck", true, true},
+        SpellingCase{"Software\\Larkspur", "Code", "Software\\Larkspur", "Code ", true, false},
+        SpellingCase{"Software\\Larkspur", "Code", "Software\\Larkspurs", "Code", false, false},
+        // Only ASCII letters fold; other bytes compare as they are.
+        SpellingCase{"Software\\\xC3\x84rger", "\xC3\x84", "Software\\\xC3\xA4rger", "\xC3\x84",
+                     false, false},
+        SpellingCase{"Software\\Test", "\xC3\x84", "Software\\Test", "\xC3\xA4", true, false}));
+
+TEST_F(SqliteRegistryTest, ParentsAreCreatedAndExistWithoutValues) {
+  SqliteRegistry registry = Make();
+  ASSERT_TRUE(registry.SetDefaultText(kUser, "Software\\Larkspur Audio\\Larkspur\\Flags", "x"));
+  for (const char* parent :
+       {"Software", "software\\larkspur audio", "Software\\Larkspur Audio\\Larkspur"}) {
+    EXPECT_TRUE(registry.OpenKey(kUser, parent, kQuery)) << parent;
+    EXPECT_TRUE(registry.OpenKey(kUser, parent, kWrite)) << parent;
+    EXPECT_EQ(registry.QueryValue(kUser, parent, ""), std::nullopt) << parent;
+  }
+  EXPECT_EQ(registry.QueryValue(kUser, "Software\\Larkspur Audio\\Larkspur\\Flags", ""), Text("x"));
+  EXPECT_FALSE(registry.OpenKey(kUser, "Software\\Larkspur Audio\\Other", kQuery));
+  EXPECT_FALSE(registry.OpenKey(kMachine, "Software", kQuery));
+}
+
+TEST_F(SqliteRegistryTest, SetValueNeedsAnExistingKey) {
+  SqliteRegistry registry = Make();
+  ASSERT_TRUE(registry.SetDefaultText(kUser, "Software", ""));
+  EXPECT_FALSE(registry.SetValue(kUser, "Software\\Missing", "Name", Text("v")));
+  EXPECT_FALSE(registry.OpenKey(kUser, "Software\\Missing", kQuery));
+  EXPECT_FALSE(registry.OpenKey(kUser, "Software\\Missing", kWrite));
+  // The root always exists.
+  EXPECT_TRUE(registry.SetValue(kUser, "", "AtRoot", Text("v")));
+  EXPECT_EQ(registry.QueryValue(kUser, "", "atroot"), Text("v"));
+}
+
+class SqliteBadPathTest : public SqliteRegistryTest,
+                          public ::testing::WithParamInterface<std::string> {};
+
+TEST_P(SqliteBadPathTest, PathWithEmptyPartNamesNoKey) {
+  SqliteRegistry registry = Make();
+  ASSERT_TRUE(registry.SetDefaultText(kUser, "A\\B", ""));
+  ASSERT_TRUE(registry.SetValue(kUser, "A\\B", "Name", Text("v")));
+  const std::string& path = GetParam();
+  EXPECT_FALSE(registry.OpenKey(kUser, path, kQuery));
+  EXPECT_FALSE(registry.OpenKey(kUser, path, kWrite));
+  EXPECT_EQ(registry.QueryValue(kUser, path, "Name"), std::nullopt);
+  EXPECT_FALSE(registry.SetValue(kUser, path, "Name", Text("w")));
+  EXPECT_FALSE(registry.SetDefaultText(kUser, path, "w"));
+  EXPECT_EQ(registry.QueryValue(kUser, "A\\B", "Name"), Text("v"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Paths, SqliteBadPathTest,
+                         ::testing::Values("\\A\\B", "A\\B\\", "A\\\\B", "\\", "A\\B\\\\"));
+
+// --- Store files -----------------------------------------------------------------------------
+
+TEST_F(SqliteRegistryTest, ReadingCreatesNothingAndFirstWriteCreatesTheFolders) {
+  SqliteRegistry registry = Make();
+  EXPECT_TRUE(registry.OpenKey(kUser, "", kQuery));
+  EXPECT_TRUE(registry.OpenKey(kUser, "", kWrite));
+  EXPECT_FALSE(registry.OpenKey(kUser, "Software", kQuery));
+  EXPECT_EQ(registry.QueryValue(kUser, "Software", "Name"), std::nullopt);
+  EXPECT_FALSE(registry.SetValue(kUser, "Software", "Name", Text("v")));
+  EXPECT_FALSE(registry.SetValue(kMachine, "Software", "Name", Text("v")));
+  ASSERT_FALSE(fs::exists(ConfigHome()));
+  ASSERT_FALSE(fs::exists(MachineData()));
+
+  EXPECT_TRUE(registry.SetDefaultText(kUser, "Software", ""));
+  EXPECT_TRUE(fs::is_regular_file(UserStore()));
+  EXPECT_FALSE(fs::exists(MachineData()));
+  // The rollback journal is gone once the write is done.
+  EXPECT_FALSE(fs::exists(UserStore().string() + "-journal"));
+}
+
+TEST_F(SqliteRegistryTest, MachineHiveBlockedByAFileRefusesWrites) {
+  // A regular file where a folder on the way should be stops even root.
+  testing_support::WriteFile(MachineData() / "blocked", "not a folder");
+  SqliteRegistry registry(UserStore(), MachineData() / "blocked" / "Larkspur" / "registry.sqlite",
+                          "");
+  EXPECT_TRUE(registry.OpenKey(kMachine, "", kQuery));
+  EXPECT_FALSE(registry.OpenKey(kMachine, "", kWrite));
+  EXPECT_FALSE(registry.SetDefaultText(kMachine, "Software\\Larkspur Audio\\Larkspur", "1"));
+  EXPECT_FALSE(registry.SetValue(kMachine, "", "Name", Text("v")));
+  EXPECT_FALSE(registry.OpenKey(kMachine, "Software", kQuery));
+  EXPECT_EQ(registry.QueryValue(kMachine, "", "Name"), std::nullopt);
+  // The user's hive is unaffected.
+  EXPECT_TRUE(registry.SetDefaultText(kUser, "Software\\Larkspur Audio\\Larkspur", "1"));
+}
+
+TEST_F(SqliteRegistryTest, StorePathThatIsAFolderRefusesWrites) {
+  fs::create_directories(MachineStore());
+  SqliteRegistry registry = Make();
+  EXPECT_FALSE(registry.OpenKey(kMachine, "", kWrite));
+  EXPECT_FALSE(registry.SetDefaultText(kMachine, "Software", ""));
+  EXPECT_FALSE(registry.OpenKey(kMachine, "Software", kQuery));
+}
+
+TEST_F(SqliteRegistryTest, EmptyStoreFileReadsAsEmptyHive) {
+  // What another process leaves for a moment between creating the file and its first commit.
+  testing_support::WriteFile(UserStore(), "");
+  SqliteRegistry registry = Make();
+  EXPECT_FALSE(registry.OpenKey(kUser, "Software", kQuery));
+  EXPECT_EQ(registry.QueryValue(kUser, "", "Name"), std::nullopt);
+  EXPECT_TRUE(registry.SetDefaultText(kUser, "Software", "ok"));
+  EXPECT_EQ(registry.QueryValue(kUser, "Software", ""), Text("ok"));
+}
+
+// Runs a check in a child process that has no power to bypass permissions (as "nobody" when
+// started as root) and returns its exit status; 77 when the powers cannot be dropped.
+int RunUnprivileged(const std::function<int()>& check) {
+  const pid_t child = fork();
+  if (child == 0) {
+    if (geteuid() == 0 && (setgroups(0, nullptr) != 0 || setgid(65534) != 0 || setuid(65534) != 0 ||
+                           geteuid() == 0)) {
+      _exit(77);
+    }
+    _exit(check());
+  }
+  int status = 0;
+  if (child < 0 || waitpid(child, &status, 0) != child || !WIFEXITED(status)) return -1;
+  return WEXITSTATUS(status);
+}
+
+struct ModeCase {
+  fs::perms file;
+  fs::perms folder;
+};
+
+void PrintTo(const ModeCase& c, std::ostream* out) {
+  *out << std::oct << "file " << static_cast<int>(c.file) << ", folder "
+       << static_cast<int>(c.folder);
+}
+
+class SqliteReadOnlyHiveTest : public SqliteRegistryTest,
+                               public ::testing::WithParamInterface<ModeCase> {};
+
+TEST_P(SqliteReadOnlyHiveTest, RefusesWritesAndStillReads) {
+  const std::string key = "Software\\Larkspur Audio\\Larkspur";
+  {
+    SqliteRegistry setup = Make();
+    ASSERT_TRUE(setup.SetDefaultText(kMachine, key, "installed"));
+    ASSERT_TRUE(setup.SetValue(kMachine, key, "Code", Text("1")));
+  }
+  // The folders on the way must let an unprivileged reader through.
+  const fs::path folder = MachineStore().parent_path();
+  for (fs::path up = folder; up.has_relative_path(); up = up.parent_path()) {
+    fs::permissions(up, fs::perms::others_exec | fs::perms::others_read, fs::perm_options::add);
+  }
+  fs::permissions(MachineStore(), GetParam().file);
+  fs::permissions(folder, GetParam().folder);
+
+  const int failures = RunUnprivileged([&] {
+    SqliteRegistry registry = Make();
+    int bits = 0;
+    if (!registry.OpenKey(kMachine, key, kQuery)) bits |= 1;
+    if (registry.QueryValue(kMachine, key, "code") != Text("1")) bits |= 2;
+    if (registry.OpenKey(kMachine, key, kWrite)) bits |= 4;
+    if (registry.OpenKey(kMachine, "", kWrite)) bits |= 8;
+    if (registry.SetValue(kMachine, key, "Code", Text("2"))) bits |= 16;
+    if (registry.SetDefaultText(kMachine, key, "changed")) bits |= 32;
+    if (registry.SetDefaultText(kMachine, "Software\\New", "")) bits |= 64;
+    return bits;
+  });
+  fs::permissions(folder, fs::perms(0755));
+  fs::permissions(MachineStore(), fs::perms(0644));
+  if (failures == 77) GTEST_SKIP() << "cannot drop root privileges here";
+  EXPECT_EQ(failures, 0) << "bit mask of failed checks";
+
+  SqliteRegistry registry = Make();
+  EXPECT_EQ(registry.QueryValue(kMachine, key, "Code"), Text("1"));
+  EXPECT_EQ(registry.QueryValue(kMachine, key, ""), Text("installed"));
+  EXPECT_FALSE(registry.OpenKey(kMachine, "Software\\New", kQuery));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Modes, SqliteReadOnlyHiveTest,
+    ::testing::Values(ModeCase{fs::perms(0444), fs::perms(0555)},
+                      // The file alone is writable: its rollback journal cannot be made.
+                      ModeCase{fs::perms(0666), fs::perms(0555)},
+                      // The folder alone is writable.
+                      ModeCase{fs::perms(0444), fs::perms(0777)}));
+
+// --- Values supplied by the system ----------------------------------------------------------
+
+struct TempCase {
+  std::optional<std::string> tmpdir;  // nothing: unset
+  std::string name;
+  std::string expected;
+};
+
+void PrintTo(const TempCase& c, std::ostream* out) {
+  *out << (c.tmpdir ? *c.tmpdir : "(unset)") << " " << c.name;
+}
+
+class SqliteEnvironmentTest : public SqliteRegistryTest,
+                              public ::testing::WithParamInterface<TempCase> {};
+
+TEST_P(SqliteEnvironmentTest, TempValuesComeFromTmpdir) {
+  const TempCase& c = GetParam();
+  if (c.tmpdir) {
+    setenv("TMPDIR", c.tmpdir->c_str(), 1);
+  } else {
+    unsetenv("TMPDIR");
+  }
+  SqliteRegistry registry = Make();
+  EXPECT_TRUE(registry.OpenKey(kUser, "Environment", kQuery));
+  EXPECT_TRUE(registry.OpenKey(kUser, "ENVIRONMENT", kQuery));
+  EXPECT_EQ(registry.QueryValue(kUser, "environment", c.name),
+            (RegistryValue{2, c.expected + '\0'}));
+  EXPECT_FALSE(fs::exists(UserStore()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Variables, SqliteEnvironmentTest,
+                         ::testing::Values(TempCase{"/var/tmp/anna", "Temp", "/var/tmp/anna"},
+                                           TempCase{"/var/tmp/anna", "TMP", "/var/tmp/anna"},
+                                           TempCase{"/scratch dir", "tmp", "/scratch dir"},
+                                           TempCase{"", "Temp", "/tmp"},
+                                           TempCase{std::nullopt, "Tmp", "/tmp"}));
+
+TEST_F(SqliteRegistryTest, EnvironmentHasNoOtherValuesAndStoredOnesWin) {
+  SqliteRegistry registry = Make();
+  EXPECT_EQ(registry.QueryValue(kUser, "Environment", "Path"), std::nullopt);
+  EXPECT_EQ(registry.QueryValue(kUser, "Environment", "TempDir"), std::nullopt);
+  EXPECT_EQ(registry.QueryValue(kMachine, "Environment", "Temp"), std::nullopt);
+  EXPECT_EQ(registry.QueryValue(kUser, "Software\\Environment", "Temp"), std::nullopt);
+  // Writing needs the key stored first, as for any other key.
+  EXPECT_FALSE(registry.OpenKey(kUser, "Environment", kWrite));
+  ASSERT_TRUE(registry.SetDefaultText(kUser, "Environment", ""));
+  ASSERT_TRUE(registry.SetValue(kUser, "Environment", "TEMP", Text("/stored")));
+  EXPECT_EQ(registry.QueryValue(kUser, "Environment", "Temp"), Text("/stored"));
+  EXPECT_EQ(registry.QueryValue(kUser, "Environment", "Tmp"),
+            (RegistryValue{2, TempFolder().string() + '\0'}));
+}
+
+TEST_F(SqliteRegistryTest, DefaultUserAgentComesFromTheConstructor) {
+  SqliteRegistry registry = Make("Mozilla/5.0 (X11; Linux x86_64) wavforge");
+  EXPECT_TRUE(registry.OpenKey(kUsers, kAgentKey, kQuery));
+  EXPECT_TRUE(registry.OpenKey(kUsers, ".default\\software", kQuery));
+  EXPECT_FALSE(registry.OpenKey(kUsers, ".DEFAULT\\Soft", kQuery));
+  EXPECT_EQ(registry.QueryValue(kUsers, kAgentKey, "user agent"),
+            Text("Mozilla/5.0 (X11; Linux x86_64) wavforge"));
+  EXPECT_EQ(registry.QueryValue(kUsers, kAgentKey, "Accept"), std::nullopt);
+
+  SqliteRegistry without_agent = Make("");
+  EXPECT_EQ(without_agent.QueryValue(kUsers, kAgentKey, "User Agent"), std::nullopt);
+}
+
+class SqliteVirtualRootTest : public SqliteRegistryTest,
+                              public ::testing::WithParamInterface<RegistryRoot> {};
+
+TEST_P(SqliteVirtualRootTest, RefusesWrites) {
+  const RegistryRoot root = GetParam();
+  SqliteRegistry registry = Make("agent");
+  EXPECT_TRUE(registry.OpenKey(root, "", kQuery));
+  EXPECT_FALSE(registry.OpenKey(root, "", kWrite));
+  EXPECT_FALSE(registry.OpenKey(root, kAgentKey, kWrite));
+  EXPECT_FALSE(registry.SetDefaultText(root, "Software\\Larkspur", "x"));
+  EXPECT_FALSE(registry.SetDefaultText(root, "", "x"));
+  EXPECT_FALSE(registry.SetValue(root, "", "Name", Text("x")));
+  EXPECT_FALSE(registry.SetValue(root, kAgentKey, "User Agent", Text("x")));
+  EXPECT_FALSE(registry.OpenKey(root, "Software\\Larkspur", kQuery));
+  EXPECT_FALSE(fs::exists(UserStore()));
+  EXPECT_FALSE(fs::exists(MachineStore()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Roots, SqliteVirtualRootTest, ::testing::Values(kClasses, kUsers));
+
+TEST_F(SqliteRegistryTest, ClassesRootHasNoVirtualStore) {
+  SqliteRegistry registry = Make();
+  ASSERT_TRUE(registry.SetDefaultText(kMachine, "Software\\Larkspur Audio\\Larkspur", "marker"));
+  EXPECT_FALSE(registry.OpenKey(kClasses, "VirtualStore", kQuery));
+  EXPECT_FALSE(registry.OpenKey(
+      kClasses, "VirtualStore\\MACHINE\\Software\\Larkspur Audio\\Larkspur", kQuery));
+  EXPECT_EQ(registry.QueryValue(kClasses,
+                                "VirtualStore\\MACHINE\\Software\\Larkspur Audio\\Larkspur", ""),
+            std::nullopt);
+}
+
+// --- Several processes at once ----------------------------------------------------------------
+
+constexpr int kWriters = 6;
+constexpr int kWritesEach = 200;
+
+// Distinct, self-describing values of varying length, several pages for some, so a torn or
+// mixed-up write shows.
+RegistryValue RaceValue(int writer, int index) {
+  const std::size_t length = 200 + static_cast<std::size_t>((writer * 977 + index * 131) % 5000);
+  std::string text(length, static_cast<char>('a' + (writer + index) % 26));
+  return Text(text + "|" + std::to_string(writer) + ":" + std::to_string(index));
+}
+
+std::string WriterKey(int writer) {
+  return "Software\\Race\\Writer" + std::to_string(writer);
+}
+
+TEST_F(SqliteRegistryTest, ConcurrentWritersLoseNothing) {
+  int start[2];
+  ASSERT_EQ(pipe(start), 0);
+  std::vector<pid_t> children;
+  for (int writer = 0; writer < kWriters; ++writer) {
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+      close(start[1]);
+      char byte = 0;
+      while (read(start[0], &byte, 1) < 0 && errno == EINTR) {
+      }
+      // All writers race to create the very store file as well.
+      SqliteRegistry registry = Make();
+      int failures = registry.SetDefaultText(kUser, WriterKey(writer), "") ? 0 : 1;
+      for (int i = 0; i < kWritesEach; ++i) {
+        const RegistryValue value = RaceValue(writer, i);
+        if (!registry.SetValue(kUser, WriterKey(writer), "V" + std::to_string(i), value)) {
+          ++failures;
+        }
+        if (!registry.SetValue(kUser, "Software\\Race", "Shared", value)) ++failures;
+      }
+      _exit(failures == 0 ? 0 : 1);
+    }
+    children.push_back(child);
+  }
+  close(start[0]);
+  close(start[1]);  // go
+  for (const pid_t child : children) {
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "a writer saw a failed write";
+  }
+
+  SqliteRegistry registry = Make();
+  int wrong = 0;
+  for (int writer = 0; writer < kWriters; ++writer) {
+    for (int i = 0; i < kWritesEach; ++i) {
+      if (registry.QueryValue(kUser, WriterKey(writer), "v" + std::to_string(i)) !=
+          RaceValue(writer, i)) {
+        ++wrong;
+      }
+    }
+  }
+  EXPECT_EQ(wrong, 0) << "values lost or damaged";
+  // Each writer's writes are in order, so whichever committed last wrote its final value.
+  const auto shared = registry.QueryValue(kUser, "Software\\Race", "Shared");
+  bool is_a_final_value = false;
+  for (int writer = 0; writer < kWriters; ++writer) {
+    is_a_final_value = is_a_final_value || shared == RaceValue(writer, kWritesEach - 1);
+  }
+  EXPECT_TRUE(is_a_final_value);
+}
+
+}  // namespace
+}  // namespace platform::posix

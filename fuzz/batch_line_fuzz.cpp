@@ -7,7 +7,6 @@
 #include <string>
 #include <string_view>
 
-#include "cmd/argument_splitter.h"
 #include "cmd/command_chain.h"
 #include "cmd/command_word.h"
 #include "cmd/delete_options.h"
@@ -17,6 +16,7 @@
 #include "cmd/start_options.h"
 #include "cmd/variable_lookup.h"
 #include "cmd/wildcard.h"
+#include "platform/command_line.h"
 
 namespace {
 
@@ -57,9 +57,9 @@ void CheckCommand(std::string_view command) {
     Require(redirection.kind == RedirectionKind::kDuplicate ? redirection.target_handle >= 0
                                                             : !redirection.target.empty());
   }
-  const std::vector<std::string> argv = SplitCommandLine(parsed.text);
+  const std::vector<std::string> argv = platform::SplitCommandLine(parsed.text);
   CheckPlainSplit(parsed.text, argv);
-  Require(ProgramNameAsWritten(parsed.text).size() <= parsed.text.size());
+  Require(platform::ProgramNameAsWritten(parsed.text).size() <= parsed.text.size());
   const CommandWord word = SplitCommandWord(TrimCommandStart(parsed.text));
   const DeleteOptions del = ParseDeleteOptions(word.rest);
   for (const std::string& name : del.names) Require(!name.empty());
@@ -103,7 +103,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!name.empty()) Require(MatchesWildcard("*", name));
 
   std::vector<std::string> words;
-  for (const std::string& word : SplitCommandLine(input)) words.push_back(word);
+  for (const std::string& word : platform::SplitCommandLine(input)) words.push_back(word);
   const Invocation invocation = ParseInvocation(words);
   Require(invocation.error.empty() || words.size() <= 8);
   return 0;

@@ -2,19 +2,19 @@
 
 #include <string>
 
-#include "cmd/argument_splitter.h"
 #include "cmd/output.h"
 #include "cmd/program_launcher.h"
+#include "platform/command_line.h"
 
 namespace wavforge::cmd {
 
 void RunExternalCommand(std::string_view command_line, InterpreterState& state) {
-  const std::vector<std::string> argv = SplitCommandLine(command_line);
+  const std::vector<std::string> argv = platform::SplitCommandLine(command_line);
   if (argv.empty()) return;
   const std::optional<std::string> program = FindProgram(argv.front());
   const std::optional<int> status = program ? LaunchProgram(*program, argv, {}) : std::nullopt;
   if (!status) {
-    WriteError("'" + std::string(ProgramNameAsWritten(command_line)) +
+    WriteError("'" + std::string(platform::ProgramNameAsWritten(command_line)) +
                "' is not recognized as an internal or external command,\n"
                "operable program or batch file.\n");
     state.error_level = 9009;

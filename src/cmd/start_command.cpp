@@ -1,9 +1,9 @@
 #include "cmd/start_command.h"
 
-#include "cmd/argument_splitter.h"
 #include "cmd/output.h"
 #include "cmd/program_launcher.h"
 #include "cmd/start_options.h"
+#include "platform/command_line.h"
 
 namespace wavforge::cmd {
 
@@ -14,7 +14,7 @@ void RunStartCommand(std::string_view rest, InterpreterState& state) {
     state.error_level = 1;
     return;
   }
-  const std::vector<std::string> argv = SplitCommandLine(options.command_line);
+  const std::vector<std::string> argv = platform::SplitCommandLine(options.command_line);
   if (argv.empty()) return;  // start alone opens a new console, which has no meaning here
   const std::optional<std::string> program = FindProgram(argv.front());
   const std::optional<int> status =

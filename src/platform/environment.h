@@ -13,6 +13,7 @@ class Environment {
 
   // Looks a variable up by its exact name first, then ignoring letter case.
   virtual std::optional<std::string> GetVariable(const std::string& name) const = 0;
+  // Sets a variable; one that exists under another letter case is the one changed.
   virtual void SetVariable(const std::string& name, const std::string& value) = 0;
 
   // The folder that holds the running executable, without a trailing separator.

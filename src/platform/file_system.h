@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <system_error>
+#include <vector>
 
 namespace platform {
 
@@ -17,6 +19,13 @@ class FileSystem {
   virtual bool CreateFolder(const std::string& path) = 0;
   // Copies a file over an existing one; false when nothing was copied.
   virtual bool CopyFile(const std::string& from, const std::string& to) = 0;
+  // Writes bytes to the end of a file, creating the file but not its folder.
+  virtual bool AppendToFile(const std::string& path, const std::string& bytes) = 0;
+  // Replaces a file's content with bytes; the error says why it failed.
+  virtual std::error_code WriteFile(const std::string& path, const std::string& bytes) = 0;
+  // Names (not paths) of the regular files in a folder; empty when it cannot be read.
+  virtual std::vector<std::string> ListFiles(const std::string& folder) const = 0;
+  virtual bool DeleteFile(const std::string& path) = 0;
 };
 
 }  // namespace platform

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "platform/binary_file.h"
 #include "platform/clock.h"
 #include "platform/environment.h"
 #include "platform/file_system.h"
+#include "platform/processes.h"
 #include "platform/profile_reader.h"
 #include "platform/registry.h"
+#include "platform/window_search.h"
 
 namespace platform {
 
@@ -15,6 +18,9 @@ struct Ports {
   ProfileReader& profiles;
   Registry& registry;
   Clock& clock;
+  BinaryFileOpener& binary_files;
+  Processes& processes;
+  WindowSearch& windows;
 };
 
 }  // namespace platform

@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "platform/file_system.h"
@@ -21,6 +22,13 @@ class FakeFileSystem final : public platform::FileSystem {
 
   bool HasFolder(const std::string& path) const { return folders_.count(path) > 0; }
   const std::vector<std::string>& created() const { return created_; }
+  std::optional<std::string> Contents(const std::string& path) const {
+    const auto found = files_.find(path);
+    if (found == files_.end()) return std::nullopt;
+    return found->second;
+  }
+  // Makes every later write fail with this error.
+  void FailWrites(std::error_code error) { write_error_ = error; }
 
   std::optional<std::uint64_t> FileSize(const std::string& path) const override {
     const auto found = files_.find(path);
@@ -31,8 +39,7 @@ class FakeFileSystem final : public platform::FileSystem {
   bool CreateFolder(const std::string& path) override {
     created_.push_back(path);
     if (HasFolder(path)) return true;
-    const auto separator = path.rfind(platform::kPathSeparator);
-    const std::string parent = separator == std::string::npos ? "" : path.substr(0, separator);
+    const std::string parent = Parent(path);
     if (!parent.empty() && !HasFolder(parent)) return false;
     folders_.insert(path);
     return true;
@@ -45,10 +52,39 @@ class FakeFileSystem final : public platform::FileSystem {
     return true;
   }
 
+  bool AppendToFile(const std::string& path, const std::string& bytes) override {
+    if (write_error_ || !HasFolder(Parent(path))) return false;
+    files_[path] += bytes;
+    return true;
+  }
+
+  std::error_code WriteFile(const std::string& path, const std::string& bytes) override {
+    if (write_error_) return write_error_;
+    if (!HasFolder(Parent(path))) return std::make_error_code(std::errc::no_such_file_or_directory);
+    files_[path] = bytes;
+    return {};
+  }
+
+  std::vector<std::string> ListFiles(const std::string& folder) const override {
+    std::vector<std::string> names;
+    for (const auto& [path, bytes] : files_) {
+      if (Parent(path) == folder) names.push_back(path.substr(folder.size() + 1));
+    }
+    return names;
+  }
+
+  bool DeleteFile(const std::string& path) override { return files_.erase(path) > 0; }
+
  private:
+  static std::string Parent(const std::string& path) {
+    const auto separator = path.rfind(platform::kPathSeparator);
+    return separator == std::string::npos ? "" : path.substr(0, separator);
+  }
+
   std::set<std::string> folders_;
   std::map<std::string, std::string> files_;
   std::vector<std::string> created_;
+  std::error_code write_error_;
 };
 
 }  // namespace fakes

@@ -1,11 +1,11 @@
-#include "cmd/argument_splitter.h"
+#include "platform/command_line.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-namespace wavforge::cmd {
+namespace platform {
 namespace {
 
 struct SplitCase {
@@ -60,4 +60,4 @@ TEST(ProgramNameAsWrittenTest, KeepsQuotesAndStopsAtTheFirstBlank) {
 }
 
 }  // namespace
-}  // namespace wavforge::cmd
+}  // namespace platform

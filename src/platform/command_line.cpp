@@ -1,6 +1,6 @@
-#include "cmd/argument_splitter.h"
+#include "platform/command_line.h"
 
-namespace wavforge::cmd {
+namespace platform {
 namespace {
 
 bool IsSeparator(char c) {
@@ -78,4 +78,4 @@ std::string_view ProgramNameAsWritten(std::string_view command_line) {
   return command_line.substr(begin, end - begin);
 }
 
-}  // namespace wavforge::cmd
+}  // namespace platform

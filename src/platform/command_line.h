@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace wavforge::cmd {
+namespace platform {
 
 // Splits a command line into argv the way the Microsoft C runtime does, so a tool sees here the
 // arguments it would see under Windows:
@@ -22,4 +22,4 @@ std::vector<std::string> SplitCommandLine(std::string_view command_line);
 // interpreter names in its messages), after leading spaces and tabs.
 std::string_view ProgramNameAsWritten(std::string_view command_line);
 
-}  // namespace wavforge::cmd
+}  // namespace platform

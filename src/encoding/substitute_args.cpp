@@ -1,0 +1,16 @@
+#include "encoding/substitute_args.h"
+
+#include "settings/text_replace.h"
+
+namespace wavforge {
+
+std::string SubstituteArgs(std::string_view command_template,
+                           const std::vector<std::string>& arguments) {
+  std::string text(command_template);
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    text = ReplaceAll(text, "%" + std::to_string(i + 1), arguments[i]);
+  }
+  return text;
+}
+
+}  // namespace wavforge

@@ -1,0 +1,34 @@
+#include "encoding/substitute_args.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace wavforge {
+namespace {
+
+struct SubstituteCase {
+  std::string text;
+  std::vector<std::string> arguments;
+  std::string expected;
+};
+
+class SubstituteArgsTest : public ::testing::TestWithParam<SubstituteCase> {};
+
+TEST_P(SubstituteArgsTest, FillsNumberedFieldsInTurn) {
+  EXPECT_EQ(SubstituteArgs(GetParam().text, GetParam().arguments), GetParam().expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, SubstituteArgsTest,
+    ::testing::Values(
+        SubstituteCase{"lame %5 \"%1.wav\" \"%2.mp3\"",
+                       {"/r/a", "/m/b", "", "", "%1"},
+                       "lame %1 \"/r/a.wav\" \"/m/b.mp3\""},  // %5 brings "%1" after its turn
+        SubstituteCase{"%1|%2", {"has %2", "out"}, "has out|out"},
+        SubstituteCase{"%1 %1 %3", {"x"}, "x x %3"}, SubstituteCase{"%10", {"a"}, "a0"},
+        SubstituteCase{"no fields", {"a", "b"}, "no fields"}));
+
+}  // namespace
+}  // namespace wavforge

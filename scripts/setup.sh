@@ -9,6 +9,8 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   # libraries
   libsqlite3-dev libcli11-dev
+  # the encoders the shipped fix file runs
+  lame vorbis-tools sox ffmpeg
 )
 
 missing=()

@@ -8,6 +8,7 @@
 #include "cmd/command_word.h"
 #include "cmd/delete_command.h"
 #include "cmd/environment_variables.h"
+#include "cmd/move_command.h"
 #include "cmd/output.h"
 #include "cmd/start_command.h"
 #include "cmd/variable_lookup.h"
@@ -126,6 +127,9 @@ constexpr NamedBuiltin kBuiltins[] = {
     {"del", RunDeleteCommand},
     {"erase", RunDeleteCommand},
     {"start", RunStartCommand},
+    {"move", RunMoveCommand},
+    {"ren", RunMoveCommand},
+    {"rename", RunMoveCommand},
 };
 
 }  // namespace

@@ -111,6 +111,29 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return std::string(row.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(
+    Move, WavforgeCmdScriptTest,
+    ::testing::Values(ScriptCase{.name = "ReplacesTheTarget",
+                                 .script = "@move /y \"norm 1.wav\" \"take 1.wav\"\r\n",
+                                 .files_before = {{"norm 1.wav", "new"}, {"take 1.wav", "old"}},
+                                 .files_after = {{"take 1.wav", "new"}},
+                                 .absent = {"norm 1.wav"}},
+                      ScriptCase{.name = "RenIntoAFolderKeepsTheName",
+                                 .script = "@ren a.wav sub\r\n",
+                                 .files_before = {{"a.wav", "x"}, {"sub/keep", ""}},
+                                 .files_after = {{"sub/a.wav", "x"}},
+                                 .absent = {"a.wav"}},
+                      ScriptCase{.name = "MissingSourceSaysSoAndTheScriptGoesOn",
+                                 .script = "@move nothing.wav b.wav\r\n@echo on\r\n",
+                                 .errors = "The system cannot find the file specified.\n",
+                                 .absent = {"b.wav"}},
+                      ScriptCase{.name = "NeedsTwoNames",
+                                 .script = "@move a.wav\r\n",
+                                 .files_before = {{"a.wav", "x"}},
+                                 .errors = "The syntax of the command is incorrect.\n",
+                                 .files_after = {{"a.wav", "x"}}}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+INSTANTIATE_TEST_SUITE_P(
     Redirection, WavforgeCmdScriptTest,
     ::testing::Values(
         ScriptCase{.name = "AppendsToTheLogWithErrors",

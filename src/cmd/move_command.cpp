@@ -1,0 +1,50 @@
+#include "cmd/move_command.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "cmd/builtin_tokens.h"
+#include "cmd/output.h"
+
+namespace wavforge::cmd {
+
+namespace fs = std::filesystem;
+
+void RunMoveCommand(std::string_view rest, InterpreterState& state) {
+  std::vector<std::string> names;
+  for (const BuiltinToken& token : TokenizeBuiltinArguments(rest)) {
+    const bool confirm_switch = !token.quoted && (token.text == "/y" || token.text == "/Y" ||
+                                                  token.text == "/-y" || token.text == "/-Y");
+    if (!confirm_switch) names.push_back(token.text);
+  }
+  if (names.size() != 2) {
+    WriteError("The syntax of the command is incorrect.\n");
+    state.error_level = 1;
+    return;
+  }
+  fs::path target = names[1];
+  std::error_code error;
+  if (fs::is_directory(target, error)) target /= fs::path(names[0]).filename();
+  if (!fs::is_regular_file(names[0], error)) {
+    WriteError("The system cannot find the file specified.\n");
+    state.error_level = 1;
+    return;
+  }
+  fs::rename(names[0], target, error);
+  if (error == std::errc::cross_device_link) {
+    // Another file system: copy, then remove the original.
+    error.clear();
+    if (fs::copy_file(names[0], target, fs::copy_options::overwrite_existing, error)) {
+      fs::remove(names[0], error);
+    }
+  }
+  if (error) {
+    WriteError("Access is denied.\n");
+    state.error_level = 1;
+    return;
+  }
+  state.error_level = 0;
+}
+
+}  // namespace wavforge::cmd

@@ -1,5 +1,7 @@
 #include "cli/encode_command.h"
 
+#include <filesystem>
+
 #include "cli/dry_run_ports.h"
 #include "cli/job_follower.h"
 #include "cli/terminal_user_interface.h"
@@ -17,7 +19,14 @@ int RunEncode(const platform::Ports& ports, const std::vector<std::string>& file
   SettingsLoader loader(ports);
   loader.LoadSettings(settings);
   LanguageObject language(settings, ports, ui);
-  FileList selection(files);
+  // The script runs in the program folder, so relative names would point elsewhere there.
+  std::vector<std::string> absolute;
+  for (const auto& file : files) {
+    std::error_code error;
+    const auto path = std::filesystem::absolute(file, error);
+    absolute.push_back(error ? file : path.string());
+  }
+  FileList selection(std::move(absolute));
 
   if (options.dry_run) {
     const DryRunPorts dry(ports);

@@ -40,8 +40,10 @@ int main(int argc, char** argv) {
   encode->add_option("FILE", encode_files, "WAV recordings; other files add nothing")->required();
   encode->add_flag("--dry-run", encode_options.dry_run,
                    "Print the job script instead of writing and starting it");
-  encode->add_flag("--wait", encode_options.wait,
-                   "Follow the job until it ends and check that every output was written");
+  encode
+      ->add_flag("--wait", encode_options.wait,
+                 "Follow the job until it ends and check that every output was written")
+      ->excludes("--dry-run");
 
   try {
     app.parse(argc, argv);

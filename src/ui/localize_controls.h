@@ -1,12 +1,14 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/environment.h"
 #include "platform/profile_reader.h"
 #include "platform/user_interface.h"
+#include "ui/form.h"
 
 namespace wavforge {
 
@@ -18,6 +20,10 @@ class clsLocalizeControls {
   // stays. An empty language name loads nothing.
   clsLocalizeControls(const std::string& language, const platform::Environment& environment,
                       const platform::ProfileReader& profiles, platform::UserInterface& ui);
+
+  // Replaces the texts of the window and of every control that carries a key: captions or
+  // text-box contents, tooltips, combo-box entries and tabs. Changes nothing without a language.
+  void LocalizeControls(Form& caller) const;
 
   // The text of a key with "%1", "%2", ... replaced by the arguments and the escapes "\r" and
   // "\n" turned into line breaks; "" for a missing key or when no language is set.
@@ -35,6 +41,11 @@ class clsLocalizeControls {
     bool operator()(const std::string& a, const std::string& b) const;
   };
   using Table = std::map<std::string, std::string, LessIgnoringCase>;
+
+  // Text or tip of a control's key; a value starting with ":" names the key to use instead.
+  static std::string Lookup(const Table& table, const std::string& key);
+  void LocalizeElement(const std::string& key, std::optional<std::string>* text,
+                       std::optional<std::string>* tip) const;
 
   std::string language_;
   Table texts_;

@@ -1,5 +1,6 @@
 #include "encoding/encode_job.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "encoding/output_path.h"

@@ -10,7 +10,6 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
-#include <ostream>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -46,16 +45,7 @@ class SqliteRegistryTest : public testing_support::IsolatedHomeTest {
   }
 };
 
-// --- Typed values ---------------------------------------------------------------------------
-
-struct TypedCase {
-  const char* description;
-  RegistryValue value;
-};
-
-void PrintTo(const TypedCase& c, std::ostream* out) {
-  *out << c.description;
-}
+// --- Values and names ------------------------------------------------------------------------
 
 std::string AllBytes() {
   std::string bytes;
@@ -65,67 +55,34 @@ std::string AllBytes() {
 
 class SqliteRoundTripTest
     : public SqliteRegistryTest,
-      public ::testing::WithParamInterface<std::tuple<RegistryRoot, TypedCase>> {};
+      public ::testing::WithParamInterface<std::tuple<RegistryRoot, RegistryValue>> {};
 
-TEST_P(SqliteRoundTripTest, ValueReadsBackByteForByte) {
-  const auto [root, c] = GetParam();
+TEST_P(SqliteRoundTripTest, ValueReadsBackByteForByteFromItsOwnStore) {
+  const auto [root, value] = GetParam();
   const std::string key = "Software\\Larkspur Audio\\Larkspur\\Flags";
   {
     SqliteRegistry registry = Make();
     ASSERT_TRUE(registry.SetDefaultText(root, key, ""));
-    ASSERT_TRUE(registry.SetValue(root, key, "Value", c.value));
+    ASSERT_TRUE(registry.SetValue(root, key, "Value", value));
   }
   // A fresh object shares nothing with the writer but the file.
-  SqliteRegistry reader = Make();
-  EXPECT_EQ(reader.QueryValue(root, key, "Value"), c.value);
-  EXPECT_EQ(reader.QueryValue(root, key, ""), Text(""));
+  EXPECT_EQ(Make().QueryValue(root, key, "Value"), value);
   EXPECT_TRUE(fs::is_regular_file(root == kUser ? UserStore() : MachineStore()));
   EXPECT_FALSE(fs::exists(root == kUser ? MachineStore() : UserStore()));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Types, SqliteRoundTripTest,
-    ::testing::Combine(
-        ::testing::Values(kUser, kMachine),
-        ::testing::Values(TypedCase{"text", {1, "C:\\Music\\Larkspur\0"s}},
-                          TypedCase{"expandable text", {2, "%Temp%\\wavforge\0"s}},
-                          TypedCase{"multi-text", {7, "first\0second\0\0"s}},
-                          TypedCase{"number", {4, "\x2a\0\0\0"s}},
-                          TypedCase{"binary, every byte", {3, AllBytes()}},
-                          TypedCase{"empty binary", {3, ""s}},
-                          TypedCase{"64-bit number", {11, "\x01\x02\x03\x04\x05\x06\x07\x08"s}},
-                          TypedCase{"large text", {1, std::string(100000, 'w') + '\0'}},
-                          TypedCase{"unknown type", {0xFFFFFFFFu, "\xff"s}})));
-
-TEST_F(SqliteRegistryTest, OverwriteReplacesTypeAndData) {
-  SqliteRegistry registry = Make();
-  ASSERT_TRUE(registry.SetDefaultText(kUser, "Software\\Test", ""));
-  ASSERT_TRUE(registry.SetValue(kUser, "Software\\Test", "Code", Text("a long text value")));
-  ASSERT_TRUE(registry.SetValue(kUser, "Software\\Test", "Code", {4, "\x07\0\0\0"s}));
-  EXPECT_EQ(registry.QueryValue(kUser, "Software\\Test", "Code"),
-            (RegistryValue{4, "\x07\0\0\0"s}));
-}
-
-TEST_F(SqliteRegistryTest, DefaultTextStopsAtItsFirstNul) {
-  SqliteRegistry registry = Make();
-  ASSERT_TRUE(registry.SetDefaultText(kUser, "Software\\Test", "ab\0cd"s));
-  EXPECT_EQ(registry.QueryValue(kUser, "Software\\Test", ""), Text("ab"));
-}
-
-// --- Names ----------------------------------------------------------------------------------
+    ::testing::Combine(::testing::Values(kUser, kMachine),
+                       ::testing::Values(RegistryValue{1, "C:\\Music\\Larkspur\0"s},
+                                         RegistryValue{3, AllBytes()}, RegistryValue{3, ""s},
+                                         RegistryValue{1, std::string(100000, 'w') + '\0'},
+                                         RegistryValue{0xFFFFFFFFu, "\xff"s})));
 
 struct SpellingCase {
-  std::string written_key;
-  std::string written_name;
-  std::string read_key;
-  std::string read_name;
-  bool same_key;
-  bool same_value;
+  std::string written_key, written_name, read_key, read_name;
+  bool same_key, same_value;
 };
-
-void PrintTo(const SpellingCase& c, std::ostream* out) {
-  *out << c.written_key << "/" << c.written_name << " vs " << c.read_key << "/" << c.read_name;
-}
 
 class SqliteNameTest : public SqliteRegistryTest,
                        public ::testing::WithParamInterface<SpellingCase> {};
@@ -138,10 +95,11 @@ TEST_P(SqliteNameTest, NamesMatchIgnoringAsciiCase) {
   EXPECT_EQ(registry.OpenKey(kUser, c.read_key, kQuery), c.same_key);
   EXPECT_EQ(registry.QueryValue(kUser, c.read_key, c.read_name),
             c.same_value ? std::optional(Text("first")) : std::nullopt);
-  // Writing through the other spelling replaces the value instead of adding one.
+  // Writing through the other spelling replaces type and data instead of adding a value.
   if (c.same_value) {
-    ASSERT_TRUE(registry.SetValue(kUser, c.read_key, c.read_name, Text("second")));
-    EXPECT_EQ(registry.QueryValue(kUser, c.written_key, c.written_name), Text("second"));
+    const RegistryValue number{4, "\x07\0\0\0"s};
+    ASSERT_TRUE(registry.SetValue(kUser, c.read_key, c.read_name, number));
+    EXPECT_EQ(registry.QueryValue(kUser, c.written_key, c.written_name), number);
   }
 }
 
@@ -149,25 +107,21 @@ INSTANTIATE_TEST_SUITE_P(
     Spellings, SqliteNameTest,
     ::testing::Values(
         SpellingCase{"Software\\Larkspur", "Code", "SOFTWARE\\larkspur", "CODE", true, true},
-        SpellingCase{"Software\\Larkspur", "NextUpdateCheck", "software\\LarkSpur",
-                     "nextupdatecheck", true, true},
         SpellingCase{"Software\\Larkspur", "Code", "Software\\Larkspur", "Code ", true, false},
         SpellingCase{"Software\\Larkspur", "Code", "Software\\Larkspurs", "Code", false, false},
         // Only ASCII letters fold; other bytes compare as they are.
         SpellingCase{"Software\\\xC3\x84rger", "\xC3\x84", "Software\\\xC3\xA4rger", "\xC3\x84",
-                     false, false},
-        SpellingCase{"Software\\Test", "\xC3\x84", "Software\\Test", "\xC3\xA4", true, false}));
+                     false, false}));
 
 TEST_F(SqliteRegistryTest, ParentsAreCreatedAndExistWithoutValues) {
   SqliteRegistry registry = Make();
-  ASSERT_TRUE(registry.SetDefaultText(kUser, "Software\\Larkspur Audio\\Larkspur\\Flags", "x"));
-  for (const char* parent :
-       {"Software", "software\\larkspur audio", "Software\\Larkspur Audio\\Larkspur"}) {
-    EXPECT_TRUE(registry.OpenKey(kUser, parent, kQuery)) << parent;
+  ASSERT_TRUE(registry.SetDefaultText(kUser, "Software\\Larkspur Audio\\Larkspur", "x\0y"s));
+  for (const char* parent : {"Software", "software\\larkspur audio"}) {
     EXPECT_TRUE(registry.OpenKey(kUser, parent, kWrite)) << parent;
     EXPECT_EQ(registry.QueryValue(kUser, parent, ""), std::nullopt) << parent;
   }
-  EXPECT_EQ(registry.QueryValue(kUser, "Software\\Larkspur Audio\\Larkspur\\Flags", ""), Text("x"));
+  // The default text ends at its first NUL.
+  EXPECT_EQ(registry.QueryValue(kUser, "Software\\Larkspur Audio\\Larkspur", ""), Text("x"));
   EXPECT_FALSE(registry.OpenKey(kUser, "Software\\Larkspur Audio\\Other", kQuery));
   EXPECT_FALSE(registry.OpenKey(kMachine, "Software", kQuery));
 }
@@ -176,37 +130,24 @@ TEST_F(SqliteRegistryTest, SetValueNeedsAnExistingKey) {
   SqliteRegistry registry = Make();
   ASSERT_TRUE(registry.SetDefaultText(kUser, "Software", ""));
   EXPECT_FALSE(registry.SetValue(kUser, "Software\\Missing", "Name", Text("v")));
-  EXPECT_FALSE(registry.OpenKey(kUser, "Software\\Missing", kQuery));
   EXPECT_FALSE(registry.OpenKey(kUser, "Software\\Missing", kWrite));
   // The root always exists.
   EXPECT_TRUE(registry.SetValue(kUser, "", "AtRoot", Text("v")));
   EXPECT_EQ(registry.QueryValue(kUser, "", "atroot"), Text("v"));
 }
 
-class SqliteBadPathTest : public SqliteRegistryTest,
-                          public ::testing::WithParamInterface<std::string> {};
-
-TEST_P(SqliteBadPathTest, PathWithEmptyPartNamesNoKey) {
+TEST_F(SqliteRegistryTest, PathWithEmptyPartNamesNoKey) {
   SqliteRegistry registry = Make();
-  ASSERT_TRUE(registry.SetDefaultText(kUser, "A\\B", ""));
-  ASSERT_TRUE(registry.SetValue(kUser, "A\\B", "Name", Text("v")));
-  const std::string& path = GetParam();
-  EXPECT_FALSE(registry.OpenKey(kUser, path, kQuery));
-  EXPECT_FALSE(registry.OpenKey(kUser, path, kWrite));
-  EXPECT_EQ(registry.QueryValue(kUser, path, "Name"), std::nullopt);
-  EXPECT_FALSE(registry.SetValue(kUser, path, "Name", Text("w")));
-  EXPECT_FALSE(registry.SetDefaultText(kUser, path, "w"));
-  EXPECT_EQ(registry.QueryValue(kUser, "A\\B", "Name"), Text("v"));
+  for (const char* path : {"\\A\\B", "A\\B\\", "A\\\\B"}) {
+    EXPECT_FALSE(registry.SetDefaultText(kUser, path, "w")) << path;
+  }
+  EXPECT_FALSE(registry.OpenKey(kUser, "A", kQuery));
 }
-
-INSTANTIATE_TEST_SUITE_P(Paths, SqliteBadPathTest,
-                         ::testing::Values("\\A\\B", "A\\B\\", "A\\\\B", "\\", "A\\B\\\\"));
 
 // --- Store files -----------------------------------------------------------------------------
 
 TEST_F(SqliteRegistryTest, ReadingCreatesNothingAndFirstWriteCreatesTheFolders) {
   SqliteRegistry registry = Make();
-  EXPECT_TRUE(registry.OpenKey(kUser, "", kQuery));
   EXPECT_TRUE(registry.OpenKey(kUser, "", kWrite));
   EXPECT_FALSE(registry.OpenKey(kUser, "Software", kQuery));
   EXPECT_EQ(registry.QueryValue(kUser, "Software", "Name"), std::nullopt);
@@ -222,27 +163,19 @@ TEST_F(SqliteRegistryTest, ReadingCreatesNothingAndFirstWriteCreatesTheFolders) 
   EXPECT_FALSE(fs::exists(UserStore().string() + "-journal"));
 }
 
-TEST_F(SqliteRegistryTest, MachineHiveBlockedByAFileRefusesWrites) {
-  // A regular file where a folder on the way should be stops even root.
+TEST_F(SqliteRegistryTest, StoreBlockedByAFileOrAFolderRefusesWrites) {
+  // A regular file where a folder on the way should be, and a folder in the store's place,
+  // stop even root.
   testing_support::WriteFile(MachineData() / "blocked", "not a folder");
-  SqliteRegistry registry(UserStore(), MachineData() / "blocked" / "Larkspur" / "registry.sqlite",
-                          "");
-  EXPECT_TRUE(registry.OpenKey(kMachine, "", kQuery));
-  EXPECT_FALSE(registry.OpenKey(kMachine, "", kWrite));
-  EXPECT_FALSE(registry.SetDefaultText(kMachine, "Software\\Larkspur Audio\\Larkspur", "1"));
-  EXPECT_FALSE(registry.SetValue(kMachine, "", "Name", Text("v")));
-  EXPECT_FALSE(registry.OpenKey(kMachine, "Software", kQuery));
-  EXPECT_EQ(registry.QueryValue(kMachine, "", "Name"), std::nullopt);
-  // The user's hive is unaffected.
-  EXPECT_TRUE(registry.SetDefaultText(kUser, "Software\\Larkspur Audio\\Larkspur", "1"));
-}
-
-TEST_F(SqliteRegistryTest, StorePathThatIsAFolderRefusesWrites) {
-  fs::create_directories(MachineStore());
-  SqliteRegistry registry = Make();
-  EXPECT_FALSE(registry.OpenKey(kMachine, "", kWrite));
-  EXPECT_FALSE(registry.SetDefaultText(kMachine, "Software", ""));
-  EXPECT_FALSE(registry.OpenKey(kMachine, "Software", kQuery));
+  fs::create_directories(UserStore());
+  SqliteRegistry registry(UserStore(), MachineData() / "blocked" / "registry.sqlite", "");
+  for (const RegistryRoot root : {kUser, kMachine}) {
+    EXPECT_TRUE(registry.OpenKey(root, "", kQuery));
+    EXPECT_FALSE(registry.OpenKey(root, "", kWrite));
+    EXPECT_FALSE(registry.SetDefaultText(root, "Software", "1"));
+    EXPECT_FALSE(registry.SetValue(root, "", "Name", Text("v")));
+    EXPECT_FALSE(registry.OpenKey(root, "Software", kQuery));
+  }
 }
 
 TEST_F(SqliteRegistryTest, EmptyStoreFileReadsAsEmptyHive) {
@@ -276,11 +209,6 @@ struct ModeCase {
   fs::perms folder;
 };
 
-void PrintTo(const ModeCase& c, std::ostream* out) {
-  *out << std::oct << "file " << static_cast<int>(c.file) << ", folder "
-       << static_cast<int>(c.folder);
-}
-
 class SqliteReadOnlyHiveTest : public SqliteRegistryTest,
                                public ::testing::WithParamInterface<ModeCase> {};
 
@@ -307,19 +235,14 @@ TEST_P(SqliteReadOnlyHiveTest, RefusesWritesAndStillReads) {
     if (registry.OpenKey(kMachine, key, kWrite)) bits |= 4;
     if (registry.OpenKey(kMachine, "", kWrite)) bits |= 8;
     if (registry.SetValue(kMachine, key, "Code", Text("2"))) bits |= 16;
-    if (registry.SetDefaultText(kMachine, key, "changed")) bits |= 32;
-    if (registry.SetDefaultText(kMachine, "Software\\New", "")) bits |= 64;
+    if (registry.SetDefaultText(kMachine, "Software\\New", "")) bits |= 32;
     return bits;
   });
   fs::permissions(folder, fs::perms(0755));
   fs::permissions(MachineStore(), fs::perms(0644));
   if (failures == 77) GTEST_SKIP() << "cannot drop root privileges here";
   EXPECT_EQ(failures, 0) << "bit mask of failed checks";
-
-  SqliteRegistry registry = Make();
-  EXPECT_EQ(registry.QueryValue(kMachine, key, "Code"), Text("1"));
-  EXPECT_EQ(registry.QueryValue(kMachine, key, ""), Text("installed"));
-  EXPECT_FALSE(registry.OpenKey(kMachine, "Software\\New", kQuery));
+  EXPECT_EQ(Make().QueryValue(kMachine, key, "Code"), Text("1"));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -338,22 +261,13 @@ struct TempCase {
   std::string expected;
 };
 
-void PrintTo(const TempCase& c, std::ostream* out) {
-  *out << (c.tmpdir ? *c.tmpdir : "(unset)") << " " << c.name;
-}
-
 class SqliteEnvironmentTest : public SqliteRegistryTest,
                               public ::testing::WithParamInterface<TempCase> {};
 
 TEST_P(SqliteEnvironmentTest, TempValuesComeFromTmpdir) {
   const TempCase& c = GetParam();
-  if (c.tmpdir) {
-    setenv("TMPDIR", c.tmpdir->c_str(), 1);
-  } else {
-    unsetenv("TMPDIR");
-  }
+  c.tmpdir ? setenv("TMPDIR", c.tmpdir->c_str(), 1) : unsetenv("TMPDIR");
   SqliteRegistry registry = Make();
-  EXPECT_TRUE(registry.OpenKey(kUser, "Environment", kQuery));
   EXPECT_TRUE(registry.OpenKey(kUser, "ENVIRONMENT", kQuery));
   EXPECT_EQ(registry.QueryValue(kUser, "environment", c.name),
             (RegistryValue{2, c.expected + '\0'}));
@@ -362,14 +276,12 @@ TEST_P(SqliteEnvironmentTest, TempValuesComeFromTmpdir) {
 
 INSTANTIATE_TEST_SUITE_P(Variables, SqliteEnvironmentTest,
                          ::testing::Values(TempCase{"/var/tmp/anna", "Temp", "/var/tmp/anna"},
-                                           TempCase{"/var/tmp/anna", "TMP", "/var/tmp/anna"},
-                                           TempCase{"/scratch dir", "tmp", "/scratch dir"},
+                                           TempCase{"/scratch dir", "TMP", "/scratch dir"},
                                            TempCase{"", "Temp", "/tmp"},
-                                           TempCase{std::nullopt, "Tmp", "/tmp"}));
+                                           TempCase{std::nullopt, "tmp", "/tmp"}));
 
 TEST_F(SqliteRegistryTest, EnvironmentHasNoOtherValuesAndStoredOnesWin) {
   SqliteRegistry registry = Make();
-  EXPECT_EQ(registry.QueryValue(kUser, "Environment", "Path"), std::nullopt);
   EXPECT_EQ(registry.QueryValue(kUser, "Environment", "TempDir"), std::nullopt);
   EXPECT_EQ(registry.QueryValue(kMachine, "Environment", "Temp"), std::nullopt);
   EXPECT_EQ(registry.QueryValue(kUser, "Software\\Environment", "Temp"), std::nullopt);
@@ -384,15 +296,12 @@ TEST_F(SqliteRegistryTest, EnvironmentHasNoOtherValuesAndStoredOnesWin) {
 
 TEST_F(SqliteRegistryTest, DefaultUserAgentComesFromTheConstructor) {
   SqliteRegistry registry = Make("Mozilla/5.0 (X11; Linux x86_64) wavforge");
-  EXPECT_TRUE(registry.OpenKey(kUsers, kAgentKey, kQuery));
   EXPECT_TRUE(registry.OpenKey(kUsers, ".default\\software", kQuery));
   EXPECT_FALSE(registry.OpenKey(kUsers, ".DEFAULT\\Soft", kQuery));
   EXPECT_EQ(registry.QueryValue(kUsers, kAgentKey, "user agent"),
             Text("Mozilla/5.0 (X11; Linux x86_64) wavforge"));
   EXPECT_EQ(registry.QueryValue(kUsers, kAgentKey, "Accept"), std::nullopt);
-
-  SqliteRegistry without_agent = Make("");
-  EXPECT_EQ(without_agent.QueryValue(kUsers, kAgentKey, "User Agent"), std::nullopt);
+  EXPECT_EQ(Make("").QueryValue(kUsers, kAgentKey, "User Agent"), std::nullopt);
 }
 
 class SqliteVirtualRootTest : public SqliteRegistryTest,
@@ -403,10 +312,7 @@ TEST_P(SqliteVirtualRootTest, RefusesWrites) {
   SqliteRegistry registry = Make("agent");
   EXPECT_TRUE(registry.OpenKey(root, "", kQuery));
   EXPECT_FALSE(registry.OpenKey(root, "", kWrite));
-  EXPECT_FALSE(registry.OpenKey(root, kAgentKey, kWrite));
   EXPECT_FALSE(registry.SetDefaultText(root, "Software\\Larkspur", "x"));
-  EXPECT_FALSE(registry.SetDefaultText(root, "", "x"));
-  EXPECT_FALSE(registry.SetValue(root, "", "Name", Text("x")));
   EXPECT_FALSE(registry.SetValue(root, kAgentKey, "User Agent", Text("x")));
   EXPECT_FALSE(registry.OpenKey(root, "Software\\Larkspur", kQuery));
   EXPECT_FALSE(fs::exists(UserStore()));
@@ -418,9 +324,6 @@ INSTANTIATE_TEST_SUITE_P(Roots, SqliteVirtualRootTest, ::testing::Values(kClasse
 TEST_F(SqliteRegistryTest, ClassesRootHasNoVirtualStore) {
   SqliteRegistry registry = Make();
   ASSERT_TRUE(registry.SetDefaultText(kMachine, "Software\\Larkspur Audio\\Larkspur", "marker"));
-  EXPECT_FALSE(registry.OpenKey(kClasses, "VirtualStore", kQuery));
-  EXPECT_FALSE(registry.OpenKey(
-      kClasses, "VirtualStore\\MACHINE\\Software\\Larkspur Audio\\Larkspur", kQuery));
   EXPECT_EQ(registry.QueryValue(kClasses,
                                 "VirtualStore\\MACHINE\\Software\\Larkspur Audio\\Larkspur", ""),
             std::nullopt);
@@ -457,15 +360,13 @@ TEST_F(SqliteRegistryTest, ConcurrentWritersLoseNothing) {
       }
       // All writers race to create the very store file as well.
       SqliteRegistry registry = Make();
-      int failures = registry.SetDefaultText(kUser, WriterKey(writer), "") ? 0 : 1;
+      bool ok = registry.SetDefaultText(kUser, WriterKey(writer), "");
       for (int i = 0; i < kWritesEach; ++i) {
         const RegistryValue value = RaceValue(writer, i);
-        if (!registry.SetValue(kUser, WriterKey(writer), "V" + std::to_string(i), value)) {
-          ++failures;
-        }
-        if (!registry.SetValue(kUser, "Software\\Race", "Shared", value)) ++failures;
+        ok = registry.SetValue(kUser, WriterKey(writer), "V" + std::to_string(i), value) && ok;
+        ok = registry.SetValue(kUser, "Software\\Race", "Shared", value) && ok;
       }
-      _exit(failures == 0 ? 0 : 1);
+      _exit(ok ? 0 : 1);
     }
     children.push_back(child);
   }
@@ -481,10 +382,8 @@ TEST_F(SqliteRegistryTest, ConcurrentWritersLoseNothing) {
   int wrong = 0;
   for (int writer = 0; writer < kWriters; ++writer) {
     for (int i = 0; i < kWritesEach; ++i) {
-      if (registry.QueryValue(kUser, WriterKey(writer), "v" + std::to_string(i)) !=
-          RaceValue(writer, i)) {
-        ++wrong;
-      }
+      wrong += registry.QueryValue(kUser, WriterKey(writer), "v" + std::to_string(i)) !=
+               RaceValue(writer, i);
     }
   }
   EXPECT_EQ(wrong, 0) << "values lost or damaged";

@@ -6,99 +6,53 @@
 namespace wavforge::cmd {
 namespace {
 
-struct DeleteCase {
-  const char* name;
-  std::string arguments;
-  bool recurse;
-  bool help;
-  std::vector<std::string> names;
-};
-
-class ParseDeleteOptionsTest : public ::testing::TestWithParam<DeleteCase> {};
-
-TEST_P(ParseDeleteOptionsTest, TellsSwitchesFromNames) {
-  const DeleteOptions options = ParseDeleteOptions(GetParam().arguments);
-  EXPECT_EQ(options.recurse, GetParam().recurse);
-  EXPECT_EQ(options.show_help, GetParam().help);
-  EXPECT_EQ(options.names, GetParam().names);
+// The parts of the options that are set, in one line.
+std::string Describe(const DeleteOptions& options) {
+  std::string text = std::string(options.recurse ? "/s " : "") + (options.show_help ? "/? " : "");
+  for (const std::string& name : options.names) text += "[" + name + "]";
+  return text;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Forms, ParseDeleteOptionsTest,
-    ::testing::Values(DeleteCase{"QuotedPath",
-                                 R"( "/tmp/Larkspur140510.bat")",
-                                 false,
-                                 false,
-                                 {"/tmp/Larkspur140510.bat"}},
-                      DeleteCase{"SwitchesAndSeveralNames",
-                                 R"( /q /f "a b.txt" c.txt)",
-                                 false,
-                                 false,
-                                 {"a b.txt", "c.txt"}},
-                      DeleteCase{"Recurse", " /S *.tmp", true, false, {"*.tmp"}},
-                      DeleteCase{"GluedSwitches", "/Q/f/s x", true, false, {"x"}},
-                      DeleteCase{"Attributes", " /a:h /A x", false, false, {"x"}},
-                      DeleteCase{
-                          "AbsolutePathIsNoSwitch", " /tmp/x.wav", false, false, {"/tmp/x.wav"}},
-                      DeleteCase{"UnknownLetterIsAPath", " /qx", false, false, {"/qx"}},
-                      DeleteCase{"QuotedSwitchIsAName", R"( "/q")", false, false, {"/q"}},
-                      DeleteCase{"Help", " /?", false, true, {}},
-                      DeleteCase{"EmptyQuotesNameNothing", R"( "")", false, false, {}},
-                      DeleteCase{"Nothing", "", false, false, {}}),
-    [](const auto& row) { return std::string(row.param.name); });
-
-struct StartCase {
-  const char* name;
-  std::string arguments;
-  std::string title;
-  bool wait;
-  std::optional<int> niceness;
-  std::string folder;
-  std::string command_line;
-  std::string error;
-};
-
-class ParseStartOptionsTest : public ::testing::TestWithParam<StartCase> {};
-
-TEST_P(ParseStartOptionsTest, FindsTitleSwitchesAndProgram) {
-  const StartOptions options = ParseStartOptions(GetParam().arguments);
-  EXPECT_EQ(options.title, GetParam().title);
-  EXPECT_EQ(options.wait, GetParam().wait);
-  EXPECT_EQ(options.niceness, GetParam().niceness);
-  EXPECT_EQ(options.folder, GetParam().folder);
-  EXPECT_EQ(options.command_line, GetParam().command_line);
-  EXPECT_EQ(options.error, GetParam().error);
+std::string Describe(const StartOptions& options) {
+  std::string text = "[" + options.title + "]";
+  if (options.wait) text += " wait";
+  if (options.niceness) text += " nice " + std::to_string(*options.niceness);
+  if (!options.folder.empty()) text += " in " + options.folder;
+  if (!options.error.empty()) text += " error";
+  return text + " run [" + options.command_line + "]";
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Forms, ParseStartOptionsTest,
-    ::testing::Values(
-        StartCase{"EmptyTitle", R"( "" /b sleep 5)", "", false, {}, "", "sleep 5", ""},
-        StartCase{"WaitAtLowPriority", R"( "Encoder" /WAIT /low lame -V2 "a b.wav")", "Encoder",
-                  true, 19, "", R"(lame -V2 "a b.wav")", ""},
-        StartCase{"BelowNormal", R"( /belownormal /min prog "x y")", "", false, 10, "",
-                  R"(prog "x y")", ""},
-        StartCase{"Folder", " /d /srv/rec prog", "", false, {}, "/srv/rec", "prog", ""},
-        StartCase{
-            "AbsoluteProgram", " /usr/bin/prog -x", "", false, {}, "", "/usr/bin/prog -x", ""},
-        StartCase{"FirstQuotedWordIsTheTitle",
-                  R"( "/opt/my tools/prog" arg)",
-                  "/opt/my tools/prog",
-                  false,
-                  {},
-                  "",
-                  "arg",
-                  ""},
-        StartCase{"FolderWithoutValue",
-                  " /d",
-                  "",
-                  false,
-                  {},
-                  "",
-                  "",
-                  "The syntax of the command is incorrect."},
-        StartCase{"Nothing", "", "", false, {}, "", "", ""}),
-    [](const auto& row) { return std::string(row.param.name); });
+TEST(ParseDeleteOptionsTest, TellsSwitchesFromNames) {
+  const std::pair<const char*, const char*> cases[] = {
+      {R"( /q /f "a b.txt" c.txt)", "[a b.txt][c.txt]"},
+      {"/Q/f/s x", "/s [x]"},
+      {" /a:h /A x", "[x]"},
+      {" /tmp/x.wav", "[/tmp/x.wav]"},  // an absolute path is no switch
+      {" /q/x", "[/q/x]"},              // nor is a run with an unknown letter
+      {R"( "/q")", "[/q]"},
+      {" /?", "/? "},
+      {R"( "")", ""},
+  };
+  for (const auto& [arguments, expected] : cases) {
+    EXPECT_EQ(Describe(ParseDeleteOptions(arguments)), expected) << arguments;
+  }
+}
+
+TEST(ParseStartOptionsTest, FindsTitleSwitchesAndProgram) {
+  const std::pair<const char*, const char*> cases[] = {
+      {R"( "" /b sleep 5)", "[] run [sleep 5]"},
+      {R"( "Encoder" /WAIT /low lame -V2 "a b.wav")",
+       R"([Encoder] wait nice 19 run [lame -V2 "a b.wav"])"},
+      {R"( /belownormal /min prog "x y")", R"([] nice 10 run [prog "x y"])"},
+      {" /d /srv/rec prog", "[] in /srv/rec run [prog]"},
+      {" /usr/bin/prog -x", "[] run [/usr/bin/prog -x]"},
+      {R"( "/opt/my tools/prog" arg)", "[/opt/my tools/prog] run [arg]"},
+      {" /d", "[] error run []"},
+  };
+  for (const auto& [arguments, expected] : cases) {
+    EXPECT_EQ(Describe(ParseStartOptions(arguments)), expected) << arguments;
+  }
+}
 
 }  // namespace
 }  // namespace wavforge::cmd

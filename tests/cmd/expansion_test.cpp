@@ -42,16 +42,13 @@ INSTANTIATE_TEST_SUITE_P(
     Script, ExpandPercentsTest,
     ::testing::Values(
         ExpansionCase{"ScriptPath", kScript, R"(del "%0")", R"(del "/tmp/Larkspur140510.bat")"},
-        ExpansionCase{"Arguments", kScript, "x %1 %2", R"(x first "two words")"},
         ExpansionCase{"MissingArgumentIsEmpty", kScript, "lame %1 --abr [%3]",
                       "lame first --abr []"},
-        ExpansionCase{"NinthArgument", kScript, "<%9>", "<>"},
         ExpansionCase{"AllArguments", kScript, "run %*", R"(run first "two words")"},
         ExpansionCase{"ArgumentWithoutQuotes", kScript, "[%~2]", "[two words]"},
         ExpansionCase{"DoublePercent", kScript, "100%%", "100%"},
         ExpansionCase{"DoublePercentBeforeDigit", kScript, "%%1", "%1"},
         ExpansionCase{"ArgumentInsidePercents", kScript, "%%%1%%", "%first%"},
-        ExpansionCase{"Variable", kScript, "%HOME%/rec", "/home/ann/rec"},
         ExpansionCase{"ExactNameFirst", kScript, "%TEMP% %Temp%", "/upper /var/tmp"},
         ExpansionCase{"NameIgnoringCase", kScript, "%temp%;%PATH%", "/var/tmp;/opt/bin"},
         ExpansionCase{"UndefinedVanishes", kScript, "a%NOPE%b", "ab"},
@@ -62,9 +59,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     CommandLine, ExpandPercentsTest,
-    ::testing::Values(ExpansionCase{"Variable", kCommand, "echo %home%", "echo /home/ann"},
-                      ExpansionCase{"UndefinedStays", kCommand, "echo %NOPE%", "echo %NOPE%"},
-                      ExpansionCase{"UndefinedRescansFromItsClosingPercent", kCommand, "%NOPE%B%",
+    ::testing::Values(ExpansionCase{"UndefinedRescansFromItsClosingPercent", kCommand, "%NOPE%B%",
                                     "%NOPEbee"},
                       ExpansionCase{"DoublePercentStays", kCommand, "100%%", "100%%"},
                       ExpansionCase{"DoublePercentAroundAVariable", kCommand, "%%B%%", "%bee%"},
@@ -77,9 +72,7 @@ TEST(FindVariableTest, PrefersTheExactNameThenIgnoresCase) {
   EXPECT_EQ(FindVariable(variables, "PATH"), "upper");
   EXPECT_EQ(FindVariable(variables, "Path"), "mixed");
   EXPECT_EQ(FindVariable(variables, "path"), "mixed");  // first one in environment order
-  EXPECT_EQ(FindVariable(variables, "TMP"), "lower");
   EXPECT_EQ(FindVariable(variables, "TMPX"), std::nullopt);
-  EXPECT_EQ(FindVariable(variables, ""), std::nullopt);
 }
 
 }  // namespace

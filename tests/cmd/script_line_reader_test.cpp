@@ -34,16 +34,14 @@ TEST_P(ScriptLineReaderTest, SplitsLinesLikeCmd) {
 
 INSTANTIATE_TEST_SUITE_P(
     Endings, ScriptLineReaderTest,
-    ::testing::Values(
-        LineCase{"CarriageReturnLineFeed", "title A\r\ndel x\r\n", {"title A", "del x"}},
-        LineCase{"LineFeedOnly", "title A\ndel x\n", {"title A", "del x"}},
-        LineCase{"LastLineWithoutEnd", "title A\r\ndel \"x\"", {"title A", "del \"x\""}},
-        LineCase{"EmptyLinesKept", "a\r\n\r\nb\n\n", {"a", "", "b", ""}},
-        LineCase{"StrayCarriageReturnsRemoved", "x\ry\r\r\n", {"xy"}},
-        LineCase{"EmptyFile", "", {}},
-        LineCase{"LineLongerThanOneRead",
-                 std::string(10000, 'x') + "\nend",
-                 {std::string(10000, 'x'), "end"}}),
+    ::testing::Values(LineCase{"EitherLineEndLastOneOptional",
+                               "title A\r\ndel x\nend",
+                               {"title A", "del x", "end"}},
+                      LineCase{"EmptyLinesKept", "a\r\n\r\nb\n\n", {"a", "", "b", ""}},
+                      LineCase{"StrayCarriageReturnsRemoved", "x\ry\r\r\n", {"xy"}},
+                      LineCase{"LineLongerThanOneRead",
+                               std::string(10000, 'x') + "\nend",
+                               {std::string(10000, 'x'), "end"}}),
     [](const auto& row) { return std::string(row.param.name); });
 
 class ScriptLineReaderFileTest : public testing_support::IsolatedHomeTest {};

@@ -25,12 +25,9 @@ TEST_P(DecodeTagTextTest, KeepsUtf8AndConvertsWindows1252) {
 INSTANTIATE_TEST_SUITE_P(
     Texts, DecodeTagTextTest,
     ::testing::Values(
-        TextCase{"Ascii", "Jazz FM", "Jazz FM"}, TextCase{"Empty", "", ""},
         TextCase{"Utf8TwoBytes", "Caf\xC3\xA9", "Caf\xC3\xA9"},
         TextCase{"Utf8ThreeBytes", "\xE6\x97\xA5\xE6\x9C\xAC", "\xE6\x97\xA5\xE6\x9C\xAC"},
         TextCase{"Utf8FourBytes", "\xF0\x9F\x8E\xB7", "\xF0\x9F\x8E\xB7"},
-        TextCase{"Windows1252", "Caf\xE9", "Caf\xC3\xA9"},
-        TextCase{"EuroAndQuotes", "\x80 \x93x\x94", "\xE2\x82\xAC \xE2\x80\x9Cx\xE2\x80\x9D"},
         // One byte that is not UTF-8 makes the whole text Windows-1252, even the part that
         // would have been valid UTF-8.
         TextCase{"MixedIsAllWindows1252", "\xC3\xA9 \xE9", "\xC3\x83\xC2\xA9 \xC3\xA9"},
@@ -38,10 +35,8 @@ INSTANTIATE_TEST_SUITE_P(
         TextCase{"Surrogate", "\xED\xA0\x80", "\xC3\xAD\xC2\xA0\xE2\x82\xAC"},
         TextCase{"BeyondUnicode", "\xF4\x90\x80\x80", "\xC3\xB4\xC2\x90\xE2\x82\xAC\xE2\x82\xAC"},
         TextCase{"TruncatedSequence", "ab\xE2\x82", "ab\xC3\xA2\xE2\x80\x9A"},
-        TextCase{"LoneContinuation", "\x9F", "\xC5\xB8"},
         // The text ends at its first NUL, which the decision on the encoding does not see past.
-        TextCase{"TerminatingNul", "Anna\0"s, "Anna"}, TextCase{"NulInside", "Anna\0Bert"s, "Anna"},
-        TextCase{"LeadingNul", "\0Anna"s, ""},
+        TextCase{"NulInside", "Anna\0Bert"s, "Anna"},
         TextCase{"InvalidBytesAfterNul", "Caf\xC3\xA9\0\xFF"s, "Caf\xC3\xA9"},
         TextCase{"Windows1252BeforeNul", "Caf\xE9\0\xC3\xA9"s, "Caf\xC3\xA9"}),
     [](const auto& test) { return std::string(test.param.name); });

@@ -21,7 +21,6 @@ class FakeClock final : public platform::Clock {
     times_ = {time};
     next_ = 0;
   }
-  std::size_t readings() const { return next_; }
 
  private:
   std::vector<platform::LocalTime> times_;

@@ -4,6 +4,7 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <optional>
@@ -32,16 +33,28 @@ std::string ReplaceAll(std::string text, const std::string& from, const std::str
 
 using Files = std::vector<std::pair<std::string, std::string>>;
 
+// What a run leaves: "output|errors|files", the files of its folder sorted, each with "=" and
+// its content when it has any; the script is listed by name only.
+std::string Observe(const InterpreterRun& run, const fs::path& folder) {
+  std::vector<std::string> files;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    if (!entry.is_regular_file()) continue;
+    const std::string name = entry.path().lexically_relative(folder).string();
+    const std::string content = testing_support::ReadFile(entry.path());
+    files.push_back(name == "job.bat" || content.empty() ? name : name + "=" + content);
+  }
+  std::sort(files.begin(), files.end());
+  std::string text = ReplaceAll(run.output, folder.string(), "{dir}") + "|" + run.errors + "|";
+  for (const std::string& file : files) text += (text.back() == '|' ? "" : ";") + file;
+  return text;
+}
+
 struct ScriptCase {
-  const char* name = "";
-  std::string script{};  // "{dir}" stands for the folder the script runs in
-  std::vector<std::string> arguments{};
-  Files files_before{};
-  std::string output{};  // "{dir}" as above
-  std::string errors{};
-  Files files_after{};
-  std::vector<std::string> absent{};
-  std::optional<int> exit_code{};
+  const char* name;
+  std::string script;  // "{dir}" stands for the folder the script runs in
+  Files before;
+  std::string expected;  // as Observe gives it
+  std::vector<std::string> arguments = {};
 };
 
 class WavforgeCmdScriptTest : public testing_support::IsolatedHomeTest,
@@ -49,144 +62,104 @@ class WavforgeCmdScriptTest : public testing_support::IsolatedHomeTest,
 
 TEST_P(WavforgeCmdScriptTest, RunsTheScript) {
   const ScriptCase& c = GetParam();
-  const fs::path folder = fs::canonical(TempFolder());
-  const std::string dir = folder.string();
-  for (const auto& [name, content] : c.files_before) {
-    testing_support::WriteFile(folder / name, content);
-  }
+  // Apart from TMPDIR, which holds the captured output.
+  const fs::path folder = fs::canonical(Root()) / "run";
+  fs::create_directories(folder);
+  for (const auto& [name, content] : c.before) testing_support::WriteFile(folder / name, content);
   const fs::path script = folder / "job.bat";
-  testing_support::WriteFile(script, ReplaceAll(c.script, "{dir}", dir));
+  testing_support::WriteFile(script, ReplaceAll(c.script, "{dir}", folder.string()));
   std::vector<std::string> arguments = {script.string()};
   arguments.insert(arguments.end(), c.arguments.begin(), c.arguments.end());
-
-  const InterpreterRun run = RunInterpreter(arguments, folder);
-
-  EXPECT_EQ(run.output, ReplaceAll(c.output, "{dir}", dir));
-  EXPECT_EQ(run.errors, c.errors);
-  for (const auto& [name, content] : c.files_after) {
-    EXPECT_TRUE(fs::exists(folder / name)) << name;
-    EXPECT_EQ(testing_support::ReadFile(folder / name), content) << name;
-  }
-  for (const std::string& name : c.absent) EXPECT_FALSE(fs::exists(folder / name)) << name;
-  if (c.exit_code) {
-    EXPECT_EQ(run.exit_code, *c.exit_code);
-  }
+  EXPECT_EQ(Observe(RunInterpreter(arguments, folder), folder), c.expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Echo, WavforgeCmdScriptTest,
+    Lines, WavforgeCmdScriptTest,
     ::testing::Values(
-        ScriptCase{.name = "CommandsEchoedWithThePrompt",
-                   .script = "echo hi\r\n@echo quiet\r\nrem note > not-made.txt\r\n:label\r\n\r\n",
-                   .output = "\n{dir}>echo hi\nhi\nquiet\n\n{dir}>rem note > not-made.txt\n",
-                   .absent = {"not-made.txt"}},
-        ScriptCase{.name = "EchoOffIsItselfEchoed",
-                   .script = "echo off\r\necho x\r\necho\r\necho.\r\n",
-                   .output = "\n{dir}>echo off\nx\nECHO is off.\n\n"}),
-    [](const auto& row) { return std::string(row.param.name); });
-
-INSTANTIATE_TEST_SUITE_P(
-    Expansion, WavforgeCmdScriptTest,
-    ::testing::Values(
-        ScriptCase{.name = "Arguments",
-                   .script = "@echo [%1] [%2] [%3] [%*] [%~2]\r\n",
-                   .arguments = {"a", "b c"},
-                   .output = "[a] [\"b c\"] [] [a \"b c\"] [b c]\n"},
-        ScriptCase{.name = "SetThenExpandIgnoringCase",
-                   .script = "@set WF_X=some value\r\n@echo %wf_x%-%WF_UNDEFINED%-%%\r\n",
-                   .output = "some value--%\n"},
+        ScriptCase{"CommandsEchoedWithThePrompt",
+                   "echo hi\r\n@echo quiet\r\nrem note > not-made.txt\r\n:label\r\n\r\n",
+                   {},
+                   "\n{dir}>echo hi\nhi\nquiet\n\n{dir}>rem note > not-made.txt\n||job.bat"},
+        ScriptCase{"EchoOffIsItselfEchoed",
+                   "echo off\r\necho x\r\necho\r\necho.\r\n",
+                   {},
+                   "\n{dir}>echo off\nx\nECHO is off.\n\n||job.bat"},
+        ScriptCase{"Arguments",
+                   "@echo [%1] [%2] [%3] [%*] [%~2]\r\n",
+                   {},
+                   "[a] [\"b c\"] [] [a \"b c\"] [b c]\n||job.bat",
+                   {"a", "b c"}},
+        ScriptCase{"SetThenExpandIgnoringCase",
+                   "@set WF_X=some value\r\n@echo %wf_x%-%WF_UNDEFINED%-%%\r\n",
+                   {},
+                   "some value--%\n||job.bat"},
         // A WAV format's line keeps "%1" for the quality, which the script has no value for.
-        ScriptCase{.name = "MissingQualityArgumentVanishes",
-                   .script = "@sh -c \"printf '[%%s]' \\\"$@\\\"\" sh -V %1 out>args.txt\r\n",
-                   .files_after = {{"args.txt", "[-V][out]"}}}),
+        ScriptCase{"MissingQualityArgumentVanishes",
+                   "@sh -c \"printf '[%%s]' \\\"$@\\\"\" sh -V %1 out>args.txt\r\n",
+                   {},
+                   "||args.txt=[-V][out];job.bat"},
+        ScriptCase{"MissingProgramDoesNotStopTheScript",
+                   "@nosuchprogram-wf 1 2\r\n@\"no such/tool\" x\r\n@echo after\r\n",
+                   {},
+                   std::string("after\n|'nosuchprogram-wf") + kNotRecognized + "'\"no such/tool\"" +
+                       kNotRecognized + "|job.bat"},
+        ScriptCase{"SuccessAndFailureChains",
+                   "@sh -c \"exit 3\" && echo no || echo yes\r\n@echo %errorlevel%\r\n",
+                   {},
+                   "yes\n3\n||job.bat"},
+        ScriptCase{
+            "ExitEndsTheRun", "@echo one\r\n@exit /b 4\r\n@echo two\r\n", {}, "one\n||job.bat"}),
     [](const auto& row) { return std::string(row.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(
-    Move, WavforgeCmdScriptTest,
-    ::testing::Values(ScriptCase{.name = "ReplacesTheTarget",
-                                 .script = "@move /y \"norm 1.wav\" \"take 1.wav\"\r\n",
-                                 .files_before = {{"norm 1.wav", "new"}, {"take 1.wav", "old"}},
-                                 .files_after = {{"take 1.wav", "new"}},
-                                 .absent = {"norm 1.wav"}},
-                      ScriptCase{.name = "RenIntoAFolderKeepsTheName",
-                                 .script = "@ren a.wav sub\r\n",
-                                 .files_before = {{"a.wav", "x"}, {"sub/keep", ""}},
-                                 .files_after = {{"sub/a.wav", "x"}},
-                                 .absent = {"a.wav"}},
-                      ScriptCase{.name = "MissingSourceSaysSoAndTheScriptGoesOn",
-                                 .script = "@move nothing.wav b.wav\r\n@echo on\r\n",
-                                 .errors = "The system cannot find the file specified.\n",
-                                 .absent = {"b.wav"}}),
-    [](const auto& row) { return std::string(row.param.name); });
-
-INSTANTIATE_TEST_SUITE_P(
-    Redirection, WavforgeCmdScriptTest,
+    Files, WavforgeCmdScriptTest,
     ::testing::Values(
-        ScriptCase{.name = "AppendsToTheLogWithErrors",
-                   .script = "@echo first>\"log dir/encode.log\"\r\n"
-                             "@echo second>>\"log dir/encode.log\"\r\n"
-                             "@sh -c \"echo to-err 1>&2\" >>\"log dir/encode.log\" 2>&1\r\n",
-                   .files_before = {{"log dir/encode.log", "an older and longer log\n"}},
-                   .files_after = {{"log dir/encode.log", "first\nsecond\nto-err\n"}}},
-        ScriptCase{.name = "NulSwallowsOutput",
-                   .script = "@echo gone>nul\r\n@echo kept\r\n",
-                   .output = "kept\n",
-                   .absent = {"nul"}}),
-    [](const auto& row) { return std::string(row.param.name); });
-
-INSTANTIATE_TEST_SUITE_P(
-    Flow, WavforgeCmdScriptTest,
-    ::testing::Values(
-        ScriptCase{.name = "MissingProgramDoesNotStopTheScript",
-                   .script = "@nosuchprogram-wf 1 2\r\n@\"no such/tool\" x\r\n@echo after\r\n",
-                   .output = "after\n",
-                   .errors = std::string("'nosuchprogram-wf") + kNotRecognized +
-                             "'\"no such/tool\"" + kNotRecognized},
-        ScriptCase{.name = "SuccessAndFailureChains",
-                   .script = "@sh -c \"exit 3\" && echo no || echo yes\r\n@echo %errorlevel%\r\n",
-                   .output = "yes\n3\n"},
-        ScriptCase{.name = "ExitEndsTheRun",
-                   .script = "@echo one\r\n@exit /b 4\r\n@echo two\r\n",
-                   .output = "one\n",
-                   .exit_code = 4}),
-    [](const auto& row) { return std::string(row.param.name); });
-
-INSTANTIATE_TEST_SUITE_P(
-    Delete, WavforgeCmdScriptTest,
-    ::testing::Values(
-        ScriptCase{.name = "SourceAndEveryExtension",
-                   .script = "@del \"{dir}/rec/Band - Song.*\"\r\n",
-                   .files_before = {{"rec/Band - Song.wav", ""},
-                                    {"rec/Band - Song.mp3", ""},
-                                    {"rec/Band - Song", ""},
-                                    {"rec/Band - Songs.wav", "s"},
-                                    {"rec/other.txt", "o"}},
-                   .files_after = {{"rec/Band - Songs.wav", "s"}, {"rec/other.txt", "o"}},
-                   .absent = {"rec/Band - Song.wav", "rec/Band - Song.mp3", "rec/Band - Song"}},
-        ScriptCase{.name = "QuestionMarkInSubfolders",
-                   .script = "@del /q /s \"tree/?.tmp\"\r\n",
-                   .files_before = {{"tree/a.tmp", ""},
-                                    {"tree/sub/b.tmp", ""},
-                                    {"tree/sub/ab.tmp", "2"},
-                                    {"tree/c.txt", "c"}},
-                   .files_after = {{"tree/sub/ab.tmp", "2"}, {"tree/c.txt", "c"}},
-                   .absent = {"tree/a.tmp", "tree/sub/b.tmp"}},
-        ScriptCase{.name = "SeveralNamesMissingOnesSilent",
-                   .script = "@erase missing.txt one.txt \"two words.txt\" /f\r\n",
-                   .files_before = {{"one.txt", ""}, {"two words.txt", ""}, {"keep.txt", "k"}},
-                   .files_after = {{"keep.txt", "k"}},
-                   .absent = {"one.txt", "two words.txt"}},
-        ScriptCase{.name = "FolderMeansItsFiles",
-                   .script = "@del /q box\r\n",
-                   .files_before = {{"box/a", ""}, {"box/b", ""}, {"box/inner/c", "c"}},
-                   .files_after = {{"box/inner/c", "c"}},
-                   .absent = {"box/a", "box/b"}},
+        ScriptCase{"MoveReplacesTheTarget",
+                   "@move /y \"norm 1.wav\" \"take 1.wav\"\r\n",
+                   {{"norm 1.wav", "new"}, {"take 1.wav", "old"}},
+                   "||job.bat;take 1.wav=new"},
+        ScriptCase{"RenIntoAFolderKeepsTheName",
+                   "@ren a.wav sub\r\n",
+                   {{"a.wav", "x"}, {"sub/keep", ""}},
+                   "||job.bat;sub/a.wav=x;sub/keep"},
+        ScriptCase{"MoveOfAMissingFileSaysSo",
+                   "@move nothing.wav b.wav\r\n",
+                   {},
+                   "|The system cannot find the file specified.\n|job.bat"},
+        // The first '>' replaces a longer old log; errors join the output.
+        ScriptCase{"AppendsToTheLogWithErrors",
+                   "@echo first>\"log dir/encode.log\"\r\n"
+                   "@echo second>>\"log dir/encode.log\"\r\n"
+                   "@sh -c \"echo to-err 1>&2\" >>\"log dir/encode.log\" 2>&1\r\n",
+                   {{"log dir/encode.log", "an older and longer log\n"}},
+                   "||job.bat;log dir/encode.log=first\nsecond\nto-err\n"},
+        ScriptCase{"NulSwallowsOutput", "@echo gone>nul\r\n@echo kept\r\n", {}, "kept\n||job.bat"},
+        ScriptCase{"DelSourceAndEveryExtension",
+                   "@del \"{dir}/rec/Band - Song.*\"\r\n",
+                   {{"rec/Band - Song.wav", ""},
+                    {"rec/Band - Song.mp3", ""},
+                    {"rec/Band - Song", ""},
+                    {"rec/Band - Songs.wav", "s"},
+                    {"rec/other.txt", "o"}},
+                   "||job.bat;rec/Band - Songs.wav=s;rec/other.txt=o"},
+        ScriptCase{"DelQuestionMarkInSubfolders",
+                   "@del /q /s \"tree/?.tmp\"\r\n",
+                   {{"tree/a.tmp", ""}, {"tree/sub/b.tmp", ""}, {"tree/sub/ab.tmp", "2"}},
+                   "||job.bat;tree/sub/ab.tmp=2"},
+        ScriptCase{"DelSeveralNamesMissingOnesSilent",
+                   "@erase missing.txt one.txt \"two words.txt\" /f\r\n",
+                   {{"one.txt", ""}, {"two words.txt", ""}, {"keep.txt", "k"}},
+                   "||job.bat;keep.txt=k"},
+        ScriptCase{"DelFolderMeansItsFiles",
+                   "@del /q box\r\n",
+                   {{"box/a", ""}, {"box/b", ""}, {"box/inner/c", "c"}},
+                   "||box/inner/c=c;job.bat"},
         // Deleting another file goes on; deleting the script ends the run after that line.
-        ScriptCase{.name = "ScriptDeletingItselfStopsThere",
-                   .script = "@del \"%0.old\"\r\n@echo before>before.txt\r\n@del \"%0\"\r\n"
-                             "@echo after>after.txt\r\n",
-                   .files_after = {{"before.txt", "before\n"}},
-                   .absent = {"after.txt", "job.bat"}}),
+        ScriptCase{"ScriptDeletingItselfStopsThere",
+                   "@del \"%0.old\"\r\n@echo before>before.txt\r\n@del \"%0\"\r\n"
+                   "@echo after>after.txt\r\n",
+                   {},
+                   "||before.txt=before\n"}),
     [](const auto& row) { return std::string(row.param.name); });
 
 class WavforgeCmdTest : public testing_support::IsolatedHomeTest {
@@ -320,6 +293,7 @@ INSTANTIATE_TEST_SUITE_P(
                     0},
         CommandCase{"QuietEchoState", {"/q", "/c", "echo"}, "ECHO is off.\n", "", 0},
         CommandCase{"WordsJoined", {"/c", "echo", "a", "&&", "echo", "b"}, "a \nb\n", "", 0},
+        CommandCase{"ExitCode", {"/c", "exit /b 7"}, "", "", 7},
         CommandCase{"ProgramExitCode", {"/c", "sh -c \"exit 5\""}, "", "", 5},
         CommandCase{"NoArguments",
                     {},

@@ -40,8 +40,8 @@ TEST_P(WatchedTitleTest, AnyWatchedTitleInAnyCaseMeansAJobRuns) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Titles, WatchedTitleTest,
-                         ::testing::Values("lame", "LAME", "ssrc", "OggEnc", "cscript",
-                                           "Larkspur Encoder", "larkspur encoder"));
+                         ::testing::Values("LAME", "ssrc", "OggEnc", "cscript",
+                                           "larkspur encoder"));
 
 TEST_F(JobWatchTest, TitlesMustMatchAsAWhole) {
   windows.titles = {"lame2", "Larkspur Encoder - done", "xlame", "flame"};

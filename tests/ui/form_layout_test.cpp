@@ -42,15 +42,6 @@ class FormLayoutTest : public ::testing::Test {
   Form window{"frmTest"};
 };
 
-TEST_F(FormLayoutTest, At120DotsPerInchNothingChanges) {
-  const LayoutScale scale = ScaleFormLayout(window, true, 12, 12);
-  EXPECT_EQ(scale.LayoutScaleX, 1.0f);
-  EXPECT_EQ(window.Width, 7404);
-  EXPECT_EQ(window.Height, 5604);
-  EXPECT_EQ(Get("cmdStart").Left, 1200);
-  EXPECT_EQ(Get("cmdStart").Font->Size, 8);
-}
-
 TEST_F(FormLayoutTest, At96DotsPerInchEverythingGrowsByAQuarter) {
   const LayoutScale scale = ScaleFormLayout(window, true, 15, 15);
   EXPECT_EQ(scale.LayoutScaleX, 1.25f);
@@ -99,12 +90,6 @@ TEST_F(FormLayoutTest, MenusAndTimersAreLeftAlone) {
   EXPECT_EQ(Get("mnuFile").Left, std::nullopt);
   EXPECT_EQ(Get("mnuFile").Caption, "File");
   EXPECT_EQ(Get("tmrStillWorking").Left, std::nullopt);
-}
-
-TEST_F(FormLayoutTest, ScalingTwiceScalesTwice) {
-  ScaleFormLayout(window, false, 15, 15);
-  ScaleFormLayout(window, false, 15, 15);
-  EXPECT_EQ(Get("cmdStart").Left, 1875);
 }
 
 }  // namespace

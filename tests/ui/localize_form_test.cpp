@@ -89,14 +89,11 @@ TEST_F(LocalizeFormTest, RedirectsGoOneLevelOnly) {
   EXPECT_EQ(Get("cmdSelectFile").Caption, ":27100");
 }
 
-TEST_F(LocalizeFormTest, CaptionsKeepEscapesThatMessagesTurnIntoLineBreaks) {
+// Captions keep the escapes that messages turn into line breaks; a design tip without a
+// translation is cleared.
+TEST_F(LocalizeFormTest, CaptionsKeepEscapesAndUntranslatedTipsGo) {
   Localize("27110=Line\\nbreak\n");
   EXPECT_EQ(Get("cmdSelectFile").Caption, "Line\\nbreak");
-}
-
-TEST_F(LocalizeFormTest, DesignTipWithoutTranslationIsCleared) {
-  Localize("27110=Select files\n");
-  EXPECT_EQ(Get("cmdSelectFile").Caption, "Select files");
   EXPECT_EQ(Get("cmdSelectFile").ToolTipText, "");
 }
 

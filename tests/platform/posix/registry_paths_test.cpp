@@ -53,8 +53,6 @@ INSTANTIATE_TEST_SUITE_P(
                       PathsCase{"/home/anna", std::nullopt, std::nullopt,
                                 "/home/anna/.config/Larkspur/registry.sqlite",
                                 "/usr/local/share/Larkspur/registry.sqlite"},
-                      PathsCase{"/home/anna", "", "", "/home/anna/.config/Larkspur/registry.sqlite",
-                                "/usr/local/share/Larkspur/registry.sqlite"},
                       // Relative entries are ignored, as are empty list entries.
                       PathsCase{"/home/anna", "rel/cfg", "share::/usr/share",
                                 "/home/anna/.config/Larkspur/registry.sqlite",

@@ -91,17 +91,21 @@ void frmMain::Define() {
   Place(options, 0, 0, 7272, 5172);
   options.ScaleMode = 1;
   options.AcceptsDrops = true;
+  options.BorderStyle = 0;
 
   Control& logo = visible("picLogo", ControlKind::kPictureBox);
   Place(logo, 1920, 480, 2736, 360);
   logo.ScaleMode = 1;
   logo.Picture = "logo";
+  logo.BorderStyle = 0;
 
   Control& help_line = visible("txtlblF1", ControlKind::kTextBox);
   Place(help_line, 900, 4800, 6132, 192);
   help_line.Text = "Help = F1 \xE2\x80\xA2 Assistant = F2";
   help_line.Font = Tahoma(7.2, true);
   help_line.LinkPointer = true;
+  help_line.Locked = true;
+  help_line.BorderStyle = 0;
 
   Control& timer = Add("tmrStillWorking", ControlKind::kTimer);
   timer.Interval = 250;

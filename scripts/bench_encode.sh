@@ -108,13 +108,13 @@ for run in $(seq 1 "$runs"); do
       { echo "bench_encode: $variant wrote $made of $recordings files" >&2; exit 1; }
     took=$(awk -v a="$start" -v b="$end" 'BEGIN { printf "%.3f", b - a }')
     printf '  run %d  %-17s %7.3f s   (load average before: %s)\n' "$run" "$variant" "$took" "$load_before"
-    all[$variant]="${all[$variant]:-} $took"
+    all[$variant]+="$took"$'\n'
   done
 done
 
 declare -A best median
 for variant in "${variants[@]}"; do
-  sorted=$(printf '%s\n' ${all[$variant]} | sort -n)
+  sorted=$(printf '%s' "${all[$variant]}" | sort -n)
   best[$variant]=$(head -1 <<< "$sorted")
   median[$variant]=$(awk '{ t[NR] = $1 }
     END { printf "%.3f", NR % 2 ? t[(NR + 1) / 2] : (t[NR / 2] + t[NR / 2 + 1]) / 2 }' <<< "$sorted")
@@ -123,18 +123,18 @@ done
 overhead() {
   awk -v job="$1" -v plain="$2" 'BEGIN { printf "%.1f", 100 * (job - plain) / plain }'
 }
-echo
-for kind in best median; do
-  declare -n times=$kind
+report() {  # KIND JOB SCRIPT PLAIN PLAIN_AT_NICE_10
   printf '%-6s of %d: wavforge-cli encode --wait %.3f s; its script alone under wavforge-cmd %.3f s;\n' \
-    "$kind" "$runs" "${times[run_job]}" "${times[run_script]}"
-  printf '              plain lame loop %.3f s; plain loop at nice 10 %.3f s\n' \
-    "${times[run_plain]}" "${times[run_plain_nice10]}"
+    "$1" "$runs" "$2" "$3"
+  printf '              plain lame loop %.3f s; plain loop at nice 10 %.3f s\n' "$4" "$5"
   printf '              overhead of the job %s %% (target at most 3 %%), of the script alone %s %%,\n' \
-    "$(overhead "${times[run_job]}" "${times[run_plain]}")" \
-    "$(overhead "${times[run_script]}" "${times[run_plain]}")"
-  printf '              of nice 10 on the plain loop %s %%\n' \
-    "$(overhead "${times[run_plain_nice10]}" "${times[run_plain]}")"
-done
+    "$(overhead "$2" "$4")" "$(overhead "$3" "$4")"
+  printf '              of nice 10 on the plain loop %s %%\n' "$(overhead "$5" "$4")"
+}
+echo
+report best "${best[run_job]}" "${best[run_script]}" "${best[run_plain]}" \
+  "${best[run_plain_nice10]}"
+report median "${median[run_job]}" "${median[run_script]}" "${median[run_plain]}" \
+  "${median[run_plain_nice10]}"
 echo "The job's time moves in steps of 0.25 s: wavforge-cli --wait looks for the end four times a"
 echo "second, as the window's timer does, so its overhead depends on where the end falls."

@@ -1,6 +1,8 @@
+# shellcheck shell=bash
 # Sourced by the demo and benchmark scripts: points HOME, the XDG folders and TMPDIR into the
 # folder given as $1 (made fresh), so nothing they run reads or writes the user's own home.
 # Sets private_root and real_home.
+# shellcheck disable=SC2034  # for the messages of the caller
 real_home="${HOME:-}"
 private_root="${1:?private_home.sh needs a folder}"
 case "$private_root" in /*/build/*) ;; *) echo "private_home.sh: $private_root is not under build/" >&2; exit 1 ;; esac

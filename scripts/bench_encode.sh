@@ -136,5 +136,5 @@ report best "${best[run_job]}" "${best[run_script]}" "${best[run_plain]}" \
   "${best[run_plain_nice10]}"
 report median "${median[run_job]}" "${median[run_script]}" "${median[run_plain]}" \
   "${median[run_plain_nice10]}"
-echo "The job's time moves in steps of 0.25 s: wavforge-cli --wait looks for the end four times a"
-echo "second, as the window's timer does, so its overhead depends on where the end falls."
+echo "wavforge-cli --wait makes the window timer's test every 50 ms, so at most that is lost"
+echo "between the end of the job and the end of the command."

@@ -39,10 +39,18 @@ class CountingUserInterface final : public platform::UserInterface {
  public:
   void MessageBox(const std::string& text, int, const std::string&) override { last_ = text; }
   void Beep() override {}
+  // Nothing on a screen: no pointer to change, no dialog to answer.
+  int MousePointer() const override { return pointer_; }
+  void SetMousePointer(int code) override { pointer_ = code; }
+  bool GetOpenFileName(const platform::OpenFileRequest&, std::string&) override { return false; }
+  double TwipsPerPixelX() const override { return 15.0; }
+  double TwipsPerPixelY() const override { return 15.0; }
+  platform::ScreenRect WorkArea() const override { return {}; }
   const std::string& last() const { return last_; }
 
  private:
   std::string last_;
+  int pointer_ = platform::kDefaultPointer;
 };
 
 // What both benchmarks share, made once.

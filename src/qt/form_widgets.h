@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCheckBox>
 #include <QColor>
 #include <QFrame>
 #include <QPixmap>
@@ -23,6 +24,17 @@ class PictureWidget final : public QFrame {
  private:
   std::string name_;
   QPixmap pixmap_;
+};
+
+// A check box whose text wraps onto further lines within its width, its box centred in its
+// height, and which takes clicks anywhere on it, as the classic check box did.
+class WrappingCheckBox final : public QCheckBox {
+ public:
+  explicit WrappingCheckBox(QWidget* parent) : QCheckBox(parent) {}
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  bool hitButton(const QPoint& position) const override { return rect().contains(position); }
 };
 
 // A line between two points, given in the widget's own coordinates.

@@ -102,7 +102,7 @@ void FormWindow::Build() {
         break;
       }
       case ControlKind::kCheckBox: {
-        auto* box = new QCheckBox(this);
+        auto* box = new WrappingCheckBox(this);
         QObject::connect(box, &QCheckBox::clicked, this, [this, &control](bool checked) {
           control.Value = checked ? 1 : 0;
           form_.Click(control);

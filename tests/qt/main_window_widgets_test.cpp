@@ -9,7 +9,10 @@
 #include <QPushButton>
 #include <QTest>
 #include <QUrl>
+#include <algorithm>
+#include <chrono>
 #include <filesystem>
+#include <thread>
 
 #include "background_process.h"
 #include "desktop_window_fixture.h"
@@ -207,8 +210,19 @@ class RunningToolTest : public DesktopWindowTest {
     std::filesystem::create_directories(tools);
     const auto copy = tools / title;
     std::filesystem::copy_file("/bin/sleep", copy);
-    return std::make_unique<BackgroundProcess>(std::vector<std::string>{copy.string(), "60"},
-                                               std::vector<std::string>{});
+    auto tool = std::make_unique<BackgroundProcess>(std::vector<std::string>{copy.string(), "60"},
+                                                    std::vector<std::string>{});
+    // Started is not yet running under its name: wait until the process list shows it.
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (!Listed(title) && std::chrono::steady_clock::now() < end) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    EXPECT_TRUE(Listed(title));
+    return tool;
+  }
+  bool Listed(const std::string& title) {
+    const auto titles = process_list.WindowTitles();
+    return std::find(titles.begin(), titles.end(), title) != titles.end();
   }
 };
 

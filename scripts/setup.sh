@@ -9,6 +9,11 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   # libraries
   libsqlite3-dev libcli11-dev
+  # the desktop program: Qt 6 Widgets; an X server, ImageMagick, xdotool and a window manager
+  # for screenshots and start-up figures without a screen; free fonts standing in for
+  # Tahoma, Verdana and Microsoft Sans Serif
+  qt6-base-dev xvfb xauth imagemagick xdotool openbox
+  fonts-dejavu-core fonts-dejavu-extra fonts-liberation2
   # the encoders the shipped fix file runs
   lame vorbis-tools sox ffmpeg
 )

@@ -16,7 +16,7 @@ std::string ExpectedOutput(const JobFile& file);
 // Which file a running job is on: the last one whose output has appeared (0 before any).
 std::size_t CurrentFile(const std::vector<JobFile>& files, const platform::FileSystem& disk);
 
-// Follows a started job the way the main window's timer does, four times a second, telling
+// Follows a started job with the main window's timer test (ticking every 50 ms), telling
 // which file is being encoded; when the job has ended, checks that every expected output
 // exists and is not empty. Returns 0 when all are there, 1 when any is missing, 2 when the
 // job never showed up.

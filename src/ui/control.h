@@ -76,6 +76,8 @@ class Control {
   bool Visible = true;
   bool AcceptsDrops = false;
   bool LinkPointer = false;  // shows the program's own hand pointer
+  bool Locked = false;       // text boxes: shown, not edited
+  int BorderStyle = 1;       // text boxes and picture boxes: 0 none, 1 fixed single
   int ZOrder = 0;            // larger is in front
 
  private:

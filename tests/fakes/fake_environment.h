@@ -26,6 +26,15 @@ class FakeEnvironment final : public platform::Environment {
     return std::nullopt;
   }
   void SetVariable(const std::string& name, const std::string& value) override {
+    // Like the real one: a variable known under other letters is the one changed.
+    if (variables.count(name) == 0) {
+      for (auto& [key, stored] : variables) {
+        if (Lower(key) == Lower(name)) {
+          stored = value;
+          return;
+        }
+      }
+    }
     variables[name] = value;
   }
   std::string ProgramFolder() const override { return program_folder; }

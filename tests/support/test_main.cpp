@@ -1,29 +1,12 @@
 #include <gmock/gmock.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <string>
 
-// Before any test runs, the whole process gets a private home and temporary folder, so even a
-// test that forgets the fixture cannot touch the real ones.
+#include "support/process_isolation.h"
+
+// Before any test runs, the whole process gets a private home and temporary folder.
 int main(int argc, char** argv) {
-  std::string pattern = std::filesystem::temp_directory_path().string() + "/wavforge-tests-XXXXXX";
-  if (!mkdtemp(pattern.data())) return 1;
-  const std::filesystem::path root = pattern;
-  std::filesystem::create_directories(root / "home");
-  std::filesystem::create_directories(root / "tmp");
-  setenv("HOME", (root / "home").c_str(), 1);
-  setenv("XDG_CONFIG_HOME", (root / "home/.config").c_str(), 1);
-  setenv("XDG_DATA_HOME", (root / "home/.local/share").c_str(), 1);
-  setenv("XDG_CACHE_HOME", (root / "home/.cache").c_str(), 1);
-  setenv("XDG_STATE_HOME", (root / "home/.local/state").c_str(), 1);
-  setenv("XDG_DATA_DIRS", (root / "usr-share").c_str(), 1);
-  setenv("XDG_CONFIG_DIRS", (root / "etc-xdg").c_str(), 1);
-  setenv("TMPDIR", (root / "tmp").c_str(), 1);
-  std::filesystem::create_directories(root / "run");
-  std::filesystem::permissions(root / "run", std::filesystem::perms::owner_all);
-  setenv("XDG_RUNTIME_DIR", (root / "run").c_str(), 1);
-
+  const std::filesystem::path root = testing_support::IsolateProcess();
   ::testing::InitGoogleMock(&argc, argv);
   const int result = RUN_ALL_TESTS();
   std::error_code ignored;

@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Builds the release preset and runs every benchmark: wavforge_bench (a job over 10,000
+# recordings against plain reading, one tick of the job watch) and scripts/bench_encode.sh
+# (real MP3 encoding through the program against lame alone). Neither touches your home.
+# Arguments go to wavforge_bench, e.g. --benchmark_filter=JobWatch or --recordings=1000.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+./scripts/setup.sh
+cmake --preset release >/dev/null
+cmake --build --preset release
+
+echo
+echo "Machine: $(nproc) CPUs,$(grep -m1 '^model name' /proc/cpuinfo | cut -d: -f2-)," \
+  "load average $(cut -d' ' -f1-3 /proc/loadavg)"
+echo
+echo "== build/release/bench/wavforge_bench $*"
+build/release/bench/wavforge_bench "$@"
+echo
+echo "== scripts/bench_encode.sh"
+./scripts/bench_encode.sh

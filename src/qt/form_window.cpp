@@ -1,0 +1,362 @@
+#include "qt/form_window.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPushButton>
+#include <QUrl>
+#include <algorithm>
+#include <cmath>
+
+#include "qt/form_widgets.h"
+#include "qt/key_codes.h"
+#include "qt/pictures.h"
+#include "qt/screen_fonts.h"
+
+namespace wavforge::qt {
+namespace {
+
+QString ToQt(const std::string& text) {
+  return QString::fromStdString(text);
+}
+
+// The local file names a drop carries, in its order; none for text and other data.
+std::vector<std::string> DroppedFiles(const QMimeData* data) {
+  std::vector<std::string> files;
+  if (!data || !data->hasUrls()) return files;
+  for (const QUrl& url : data->urls()) {
+    if (url.isLocalFile()) files.push_back(QFile::encodeName(url.toLocalFile()).toStdString());
+  }
+  return files;
+}
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form, const platform::UserInterface& ui) : form_(form), ui_(ui) {
+  setWindowIcon(WindowIcon());
+  Build();
+  qApp->installEventFilter(this);
+}
+
+FormWindow::~FormWindow() {
+  qApp->removeEventFilter(this);
+}
+
+void FormWindow::Build() {
+  for (const auto& owned : form_.Controls()) {
+    Control& control = *owned;
+    Item item{&control};
+    switch (control.Kind()) {
+      case ControlKind::kPictureBox:
+      case ControlKind::kImage: {
+        auto* picture = new PictureWidget(this);
+        if (control.Kind() == ControlKind::kPictureBox && control.BorderStyle != 0) {
+          picture->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+        }
+        item.widget = picture;
+        break;
+      }
+      case ControlKind::kLabel: {
+        auto* label = new QLabel(this);
+        label->setWordWrap(true);
+        label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        label->setTextFormat(Qt::PlainText);
+        if (control.LinkPointer) {
+          QPalette palette = label->palette();
+          palette.setColor(QPalette::WindowText, palette.color(QPalette::Link));
+          label->setPalette(palette);
+        }
+        item.widget = label;
+        break;
+      }
+      case ControlKind::kTextBox: {
+        auto* edit = new QLineEdit(this);
+        edit->setReadOnly(control.Locked);
+        edit->setFrame(control.BorderStyle != 0);
+        if (control.BorderStyle == 0 && control.Locked) {
+          // A locked box without a border reads as a line of text on the window.
+          QPalette palette = edit->palette();
+          palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+          edit->setPalette(palette);
+          edit->setFocusPolicy(Qt::NoFocus);
+          edit->setTextMargins(0, 0, 0, 0);
+        }
+        QObject::connect(edit, &QLineEdit::textEdited, this, [this, &control](const QString& text) {
+          control.Text = text.toStdString();
+        });
+        item.widget = edit;
+        break;
+      }
+      case ControlKind::kCommandButton: {
+        auto* button = new QPushButton(this);
+        button->setAutoDefault(false);
+        QObject::connect(button, &QPushButton::clicked, this, [this, &control] {
+          form_.Click(control);
+          AfterEvent();
+        });
+        item.widget = button;
+        break;
+      }
+      case ControlKind::kCheckBox: {
+        auto* box = new WrappingCheckBox(this);
+        QObject::connect(box, &QCheckBox::clicked, this, [this, &control](bool checked) {
+          control.Value = checked ? 1 : 0;
+          form_.Click(control);
+          AfterEvent();
+        });
+        item.widget = box;
+        break;
+      }
+      case ControlKind::kLine:
+        item.widget = new LineWidget(this);
+        break;
+      case ControlKind::kTimer: {
+        item.timer = new QTimer(this);
+        item.timer->setTimerType(Qt::CoarseTimer);
+        QObject::connect(item.timer, &QTimer::timeout, this, [this, &control] {
+          form_.Timer(control);
+          AfterEvent();
+        });
+        break;
+      }
+      default:
+        // Kinds this window does not show yet keep their place in the form only.
+        break;
+    }
+    if (item.widget) {
+      item.widget->installEventFilter(this);
+      if (control.AcceptsDrops) item.widget->setAcceptDrops(true);
+    }
+    items_.push_back(item);
+  }
+}
+
+void FormWindow::LoadForm() {
+  form_.Load();
+  loaded_ = true;
+  Sync();
+  if (form_.Visible) show();
+}
+
+int FormWindow::Pixels(double twips, bool horizontal) const {
+  const double per_pixel = horizontal ? ui_.TwipsPerPixelX() : ui_.TwipsPerPixelY();
+  return static_cast<int>(std::lround(twips / per_pixel));
+}
+
+QRect FormWindow::PixelRect(const Control& control) const {
+  return QRect(Pixels(control.Left.value_or(0), true), Pixels(control.Top.value_or(0), false),
+               Pixels(control.Width.value_or(0), true), Pixels(control.Height.value_or(0), false));
+}
+
+void FormWindow::Sync() {
+  const QString title = ToQt(form_.Caption);
+  if (windowTitle() != title) setWindowTitle(title);
+  const QFont font = ScreenFont(form_.Font);
+  if (this->font() != font) setFont(font);
+  const QSize size(Pixels(form_.ScaleWidth, true), Pixels(form_.ScaleHeight, false));
+  if (this->size() != size || minimumSize() != size) setFixedSize(size);
+  setAcceptDrops(form_.AcceptsDrops);
+  for (const Item& item : items_) SyncItem(item);
+  SyncStacking();
+}
+
+void FormWindow::SyncItem(const Item& item) {
+  const Control& control = *item.control;
+  if (item.timer) {
+    const int interval = control.Interval.value_or(0);
+    if (item.timer->interval() != interval) item.timer->setInterval(interval);
+    const bool run = loaded_ && control.Enabled && interval > 0;
+    if (run && !item.timer->isActive()) item.timer->start();
+    if (!run && item.timer->isActive()) item.timer->stop();
+    return;
+  }
+  QWidget* widget = item.widget;
+  if (!widget) return;
+
+  if (control.Kind() == ControlKind::kLine) {
+    const int x1 = Pixels(control.X1.value_or(0), true), x2 = Pixels(control.X2.value_or(0), true);
+    const int y1 = Pixels(control.Y1.value_or(0), false),
+              y2 = Pixels(control.Y2.value_or(0), false);
+    const QPoint origin(std::min(x1, x2), std::min(y1, y2));
+    const QRect rect(origin, QSize(std::abs(x2 - x1) + 1, std::abs(y2 - y1) + 1));
+    if (widget->geometry() != rect) widget->setGeometry(rect);
+    static_cast<LineWidget*>(widget)->SetLine(QPoint(x1, y1) - origin, QPoint(x2, y2) - origin,
+                                              QColor(ToQt(control.Color)));
+  } else {
+    const QRect rect = PixelRect(control);
+    if (widget->geometry() != rect) widget->setGeometry(rect);
+  }
+  if (control.Font) {
+    const QFont font = ScreenFont(*control.Font);
+    if (widget->font() != font) widget->setFont(font);
+  }
+  const QString tip = ToQt(control.ToolTipText.value_or(""));
+  if (widget->toolTip() != tip) widget->setToolTip(tip);
+  if (widget->isEnabled() != control.Enabled) widget->setEnabled(control.Enabled);
+  if (control.LinkPointer) widget->setCursor(LinkCursor());
+
+  if (auto* label = qobject_cast<QLabel*>(widget)) {
+    const QString text = ToQt(control.Caption.value_or(""));
+    if (label->text() != text) label->setText(text);
+  } else if (auto* button = qobject_cast<QPushButton*>(widget)) {
+    const QString text = ToQt(control.Caption.value_or(""));
+    if (button->text() != text) button->setText(text);
+  } else if (auto* box = qobject_cast<QCheckBox*>(widget)) {
+    const QString text = ToQt(control.Caption.value_or(""));
+    if (box->text() != text) box->setText(text);
+    const bool checked = control.Value.value_or(0) == 1;
+    if (box->isChecked() != checked) box->setChecked(checked);
+  } else if (auto* edit = qobject_cast<QLineEdit*>(widget)) {
+    const QString text = ToQt(control.Text.value_or(""));
+    if (edit->text() != text) {
+      edit->setText(text);
+      edit->setCursorPosition(0);
+    }
+  } else if (auto* picture = dynamic_cast<PictureWidget*>(widget)) {
+    picture->SetPicture(control.Picture.value_or(""));
+  }
+  if (widget->isVisibleTo(this) != control.Visible) widget->setVisible(control.Visible);
+}
+
+void FormWindow::SyncStacking() {
+  std::vector<const Item*> order;
+  for (const Item& item : items_) {
+    if (item.widget) order.push_back(&item);
+  }
+  std::stable_sort(order.begin(), order.end(), [](const Item* a, const Item* b) {
+    return a->control->ZOrder < b->control->ZOrder;
+  });
+  std::vector<QWidget*> stacking;
+  for (const Item* item : order) stacking.push_back(item->widget);
+  if (stacking == stacking_) return;
+  stacking_ = stacking;
+  for (QWidget* widget : stacking_) widget->raise();
+}
+
+void FormWindow::AfterEvent() {
+  Sync();
+  if (loaded_ && !form_.Visible && isVisible()) close();
+}
+
+void FormWindow::Activate() {
+  if (isMinimized()) showNormal();
+  show();
+  raise();
+  activateWindow();
+}
+
+QWidget* FormWindow::WidgetOf(std::string_view name, int index) const {
+  const Control* control = form_.Find(name, index);
+  for (const Item& item : items_) {
+    if (item.control == control) return item.widget;
+  }
+  return nullptr;
+}
+
+QTimer* FormWindow::TimerOf(std::string_view name) const {
+  const Control* control = form_.Find(name);
+  for (const Item& item : items_) {
+    if (item.control == control) return item.timer;
+  }
+  return nullptr;
+}
+
+const FormWindow::Item* FormWindow::ItemOf(const QObject* object) const {
+  for (const Item& item : items_) {
+    if (item.widget == object) return &item;
+  }
+  return nullptr;
+}
+
+bool FormWindow::HandleKey(QObject* watched, QKeyEvent* event) {
+  // The window sees the key first, once: where it is delivered first, to the focused control
+  // or, when none has the focus, to the window itself.
+  QWidget* focus = QApplication::focusWidget();
+  QObject* first = focus && focus->window() == this ? static_cast<QObject*>(focus) : this;
+  if (watched != first || !form_.KeyPreview) return false;
+  int key = ClassicKeyCode(*event);
+  if (key == 0) return false;
+  form_.KeyDown(key, ClassicShiftState(event->modifiers()));
+  AfterEvent();
+  return key == 0;
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::KeyPress:
+      return HandleKey(watched, static_cast<QKeyEvent*>(event));
+    case QEvent::MouseButtonRelease: {
+      const Item* item = ItemOf(watched);
+      if (!item || item->control->Kind() == ControlKind::kCommandButton ||
+          item->control->Kind() == ControlKind::kCheckBox) {
+        return false;
+      }
+      const auto* mouse = static_cast<QMouseEvent*>(event);
+      if (mouse->button() == Qt::LeftButton &&
+          item->widget->rect().contains(mouse->position().toPoint()) && item->widget->isEnabled()) {
+        form_.Click(*item->control);
+        AfterEvent();
+      }
+      return false;
+    }
+    case QEvent::DragEnter:
+    case QEvent::DragMove: {
+      const Item* item = ItemOf(watched);
+      if (!item || !item->control->AcceptsDrops) return false;
+      // Any data is taken; what holds no file names only beeps.
+      static_cast<QDropEvent*>(event)->acceptProposedAction();
+      return true;
+    }
+    case QEvent::Drop: {
+      const Item* item = ItemOf(watched);
+      if (!item || !item->control->AcceptsDrops) return false;
+      Drop(item->control, static_cast<QDropEvent*>(event));
+      return true;
+    }
+    default:
+      return false;
+  }
+}
+
+void FormWindow::Drop(Control* target, QDropEvent* event) {
+  event->acceptProposedAction();
+  form_.DragDrop(target, DroppedFiles(event->mimeData()));
+  AfterEvent();
+}
+
+void FormWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (form_.AcceptsDrops) event->acceptProposedAction();
+}
+
+void FormWindow::dragMoveEvent(QDragMoveEvent* event) {
+  if (form_.AcceptsDrops) event->acceptProposedAction();
+}
+
+void FormWindow::dropEvent(QDropEvent* event) {
+  if (form_.AcceptsDrops) Drop(nullptr, event);
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  // The close box unloads the form; a form that unloaded itself is only closed.
+  if (form_.Visible) {
+    form_.Unload();
+    form_.Visible = false;
+  }
+  for (const Item& item : items_) {
+    if (item.timer) item.timer->stop();
+  }
+  event->accept();
+}
+
+void FormWindow::paintEvent(QPaintEvent* event) {
+  QWidget::paintEvent(event);
+  if (painted_) return;
+  painted_ = true;
+  if (on_first_paint_) QTimer::singleShot(0, this, on_first_paint_);
+}
+
+}  // namespace wavforge::qt

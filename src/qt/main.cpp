@@ -1,0 +1,52 @@
+#include <QApplication>
+#include <string>
+#include <vector>
+
+#include "platform/posix/posix_platform.h"
+#include "qt/form_window.h"
+#include "qt/qt_user_interface.h"
+#include "qt/screen_fonts.h"
+#include "qt/single_instance.h"
+#include "qt/startup_probe.h"
+#include "settings/product.h"
+#include "shell/file_list.h"
+#include "shell/frm_main.h"
+#include "shell/program_objects.h"
+
+namespace {
+
+// How long a second start waits for the first to answer before it ends anyway.
+constexpr int kActivationTimeoutMs = 2000;
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const auto probe = wavforge::qt::StartupProbe::FromEnvironment();
+  // The forms scale themselves to the screen's dots per inch; the toolkit only adds whole
+  // multiples for screens of twice the density and more.
+  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
+  QApplication app(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("wavforge"));
+  // What the toolkit left of the arguments are the files, as bytes.
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+
+  wavforge::qt::SingleInstance instance(wavforge::qt::SingleInstance::RuntimeFolder());
+  if (!instance.BecomeFirst()) {
+    instance.AskFirstToActivate(kActivationTimeoutMs);
+    return 0;
+  }
+
+  wavforge::qt::AddFontSubstitutes();
+  platform::posix::PosixPlatform system(wavforge::kProductName);
+  wavforge::qt::QtUserInterface ui;
+  wavforge::ProgramObjects program(system.ports(), ui);
+  wavforge::frmMain form(system.ports(), ui, program, wavforge::JoinCommandLine(arguments));
+  wavforge::qt::FormWindow window(form, ui);
+  ui.SetOwner(&window);
+  instance.OnActivationRequest([&window] { window.Activate(); });
+  if (probe) window.OnFirstPaint([&probe] { probe->Report(); });
+
+  window.LoadForm();
+  if (!form.Visible) return 0;
+  return QApplication::exec();
+}

@@ -1,0 +1,119 @@
+#include <QApplication>
+#include <QFileDialog>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "desktop_window_fixture.h"
+#include "qt/open_file_dialog_text.h"
+
+namespace wavforge::qt {
+namespace {
+
+using namespace std::string_literals;
+
+struct FilterCase {
+  const char* name;
+  std::string filter;
+  QStringList expected;
+};
+
+class NameFilterTest : public ::testing::TestWithParam<FilterCase> {};
+
+TEST_P(NameFilterTest, PairsBecomeFiltersWithTheirPatternsLast) {
+  EXPECT_EQ(NameFiltersFromFilterList(GetParam().filter), GetParam().expected) << GetParam().name;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, NameFilterTest,
+    ::testing::Values(
+        FilterCase{"two pairs",
+                   "Wave files (*.wav)\0*.wav\0All files\0*\0"s,
+                   {"Wave files (*.wav) (*.wav)", "All files (*)"}},
+        FilterCase{"several patterns", "Sound\0*.wav; *.WAV\0"s, {"Sound (*.wav *.WAV)"}},
+        FilterCase{"an empty part ends the list", "A\0*.a\0\0B\0*.b\0"s, {"A (*.a)"}},
+        FilterCase{"a description without patterns is dropped", "A\0*.a\0B\0"s, {"A (*.a)"}},
+        FilterCase{"no language text", ""s, {}},
+        FilterCase{"utf-8 text", "Wave-Dateien\0*.wav\0"s, {"Wave-Dateien (*.wav)"}}));
+
+struct AnswerCase {
+  const char* name;
+  QStringList files;
+  std::string expected;
+};
+
+class DialogAnswerTest : public ::testing::TestWithParam<AnswerCase> {};
+
+TEST_P(DialogAnswerTest, FilesBecomeFolderAndNames) {
+  EXPECT_EQ(DialogAnswer(GetParam().files), GetParam().expected) << GetParam().name;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, DialogAnswerTest,
+    ::testing::Values(AnswerCase{"one file", {"/rec/a b.wav"}, "/rec/a b.wav\0\0"s},
+                      AnswerCase{"several in one folder",
+                                 {"/rec/a.wav", "/rec/b.wav", "/rec/c.wav"},
+                                 "/rec\0a.wav\0b.wav\0c.wav\0\0"s},
+                      AnswerCase{"root folder", {"/a.wav", "/b.wav"}, "/\0a.wav\0b.wav\0\0"s},
+                      AnswerCase{"different folders share their parent",
+                                 {"/rec/x/a.wav", "/rec/y/b.wav"},
+                                 "/rec\0x/a.wav\0y/b.wav\0\0"s},
+                      AnswerCase{"a folder name that only starts alike",
+                                 {"/rec/ab/a.wav", "/rec/abc/b.wav"},
+                                 "/rec\0ab/a.wav\0abc/b.wav\0\0"s},
+                      AnswerCase{"nothing", {}, "\0\0"s}));
+
+// The real dialog, answered the way a user would: names typed into it, then confirmed.
+class FileDialogWindowTest : public DesktopWindowTest {
+ protected:
+  // Types the text into the next dialog that opens and confirms it, or cancels it.
+  void AnswerNextDialog(const QString& typed, bool confirm) {
+    QTimer::singleShot(0, [this, typed, confirm] {
+      auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      if (!dialog) {
+        ADD_FAILURE() << "no dialog";
+        return;
+      }
+      seen_title = dialog->windowTitle();
+      seen_folder = dialog->directory().absolutePath();
+      seen_filters = dialog->nameFilters();
+      if (!confirm) {
+        dialog->reject();
+        return;
+      }
+      dialog->selectFile(typed);
+      // Confirming as the user does: the dialog checks the typed names before it closes.
+      QMetaObject::invokeMethod(dialog, "accept");
+    });
+  }
+
+  QString seen_title, seen_folder;
+  QStringList seen_filters;
+};
+
+TEST_F(FileDialogWindowTest, ChosenFilesReplaceTheSelection) {
+  WriteSettings("English");
+  const auto folder = TempFolder() / "Larkspur";
+  for (const char* name : {"one.wav", "two.wav"}) testing_support::WriteFile(folder / name, "x");
+  Open();
+  program->file_list.Replace({"/earlier.wav"});
+  AnswerNextDialog(QStringLiteral("\"one.wav\" \"two.wav\""), true);
+  QTest::mouseClick(static_cast<QPushButton*>(Widget("cmdSelectFile")), Qt::LeftButton);
+  EXPECT_EQ(seen_title.toStdString(), "Select WAV recordings");
+  EXPECT_EQ(seen_folder.toStdString(), folder.string());
+  EXPECT_EQ(seen_filters, QStringList({"Wave files (*.wav) (*.wav)", "All files (*) (*)"}));
+  EXPECT_EQ(program->file_list.Items(), (std::vector<std::string>{(folder / "one.wav").string(),
+                                                                  (folder / "two.wav").string()}));
+}
+
+TEST_F(FileDialogWindowTest, ACancelledDialogKeepsTheSelection) {
+  WriteSettings("English");
+  Open();
+  program->file_list.Replace({"/earlier.wav"});
+  AnswerNextDialog({}, false);
+  QTest::mouseClick(static_cast<QPushButton*>(Widget("cmdSelectFile")), Qt::LeftButton);
+  EXPECT_EQ(program->file_list.Items(), std::vector<std::string>{"/earlier.wav"});
+}
+
+}  // namespace
+}  // namespace wavforge::qt

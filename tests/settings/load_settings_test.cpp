@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "fakes/fake_clock.h"
@@ -89,38 +90,24 @@ TEST_F(LoadSettingsTest, WithNeitherFileEverySettingTakesItsDefault) {
   EXPECT_FALSE(fs::exists(UserFile()));
 }
 
-struct SeedCase {
-  const char* name;
-  std::optional<std::string> user_file;  // content before the load; nothing = missing
-  std::optional<std::string> seed;
-  std::string expected_language;
-};
-
-class SeedingTest : public LoadSettingsTest, public ::testing::WithParamInterface<SeedCase> {};
-
-TEST_P(SeedingTest, SeedsThePerUserFileOnlyWhenItIsMissingOrEmpty) {
-  const auto& c = GetParam();
-  if (c.user_file) WriteFile(UserFile(), *c.user_file);
-  if (c.seed) WriteFile(SeedFile(), *c.seed);
-  Load();
-  EXPECT_EQ(settings.Language, c.expected_language) << c.name;
-  if (c.seed && (!c.user_file || c.user_file->empty())) {
-    EXPECT_EQ(ReadFile(UserFile()), *c.seed) << c.name;
-  } else if (c.user_file) {
-    EXPECT_EQ(ReadFile(UserFile()), *c.user_file) << c.name;
+TEST_F(LoadSettingsTest, SeedsThePerUserFileOnlyWhenItIsMissingOrEmpty) {
+  const std::string seed = "[General]\nLanguage=German\n";
+  // The user's file before the load (nothing: missing), and the language then read.
+  const std::pair<std::optional<std::string>, std::string> cases[] = {
+      {std::nullopt, "German"},
+      {"[General]\nLanguage=French\n", "French"},
+      {"\n", ""},  // a blank line is content
+      {"", "German"},
+  };
+  WriteFile(SeedFile(), seed);
+  for (const auto& [user_file, language] : cases) {
+    fs::remove(UserFile());
+    if (user_file) WriteFile(UserFile(), *user_file);
+    Load();
+    EXPECT_EQ(settings.Language, language);
+    EXPECT_EQ(ReadFile(UserFile()), language == "German" ? seed : *user_file);
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(Table, SeedingTest,
-                         ::testing::Values(SeedCase{"first run copies the seed", std::nullopt,
-                                                    "[General]\nLanguage=German\n", "German"},
-                                           SeedCase{"a non-empty user file is kept",
-                                                    "[General]\nLanguage=French\n",
-                                                    "[General]\nLanguage=German\n", "French"},
-                                           SeedCase{"a user file with only a blank line is kept",
-                                                    "\n", "[General]\nLanguage=German\n", ""},
-                                           SeedCase{"an empty user file is replaced", "",
-                                                    "[General]\nLanguage=German\n", "German"}));
 
 TEST_F(LoadSettingsTest, OnThe9xFamilyTheProgramFolderFileIsReadDirectly) {
   environment.version = 0x80000000u | 0x0A04;
@@ -178,31 +165,22 @@ TEST_F(LoadSettingsTest, NumberThatDoesNotFit16BitsKeepsTheOldValue) {
   EXPECT_EQ(settings.Profiles[kMp3].quality, 5);
 }
 
-struct MusicCase {
-  std::string setting;
-  std::string music_folder;  // what the platform answers for the music folder
-  std::string expected;      // "{home}" stands for HOME
-};
-
-class MusicPathTest : public LoadSettingsTest, public ::testing::WithParamInterface<MusicCase> {};
-
-TEST_P(MusicPathTest, FallsBackToTheDesktopOnlyWhenThePlaceholderSurvives) {
-  const auto with_home = [this](std::string text) {
-    const auto at = text.find("{home}");
-    return at == std::string::npos ? text : text.replace(at, 6, Home().string());
+TEST_F(LoadSettingsTest, MusicPathFallsBackToTheDesktopOnlyWhenThePlaceholderSurvives) {
+  const std::string home = Home().string();
+  // The setting, what the platform answers for the music folder, the path then used.
+  const std::tuple<std::string, std::string, std::string> cases[] = {
+      {"%MYMUSIC%", home + "/Music", home + "/Music"},
+      {"%MyMusic%", "%MyMusic%", home + "/Desktop"},
+      {"%MyMusic%", "%mymusic%", home + "/Desktop"},
+      {"%MyMusic%/Rec", "%MyMusic%", "%MyMusic%/Rec"},
   };
-  environment.folders[13] = with_home(GetParam().music_folder);
-  WriteFile(SeedFile(), "[Options]\nMusicPath=" + GetParam().setting + "\n");
-  Load();
-  EXPECT_EQ(settings.MusicPath, with_home(GetParam().expected));
+  for (const auto& [setting, music_folder, expected] : cases) {
+    environment.folders[13] = music_folder;
+    WriteFile(UserFile(), "[Options]\nMusicPath=" + setting + "\n");
+    Load();
+    EXPECT_EQ(settings.MusicPath, expected) << setting << " " << music_folder;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Table, MusicPathTest,
-                         ::testing::Values(MusicCase{"%MYMUSIC%", "{home}/Music", "{home}/Music"},
-                                           MusicCase{"%MyMusic%", "%MyMusic%", "{home}/Desktop"},
-                                           MusicCase{"%MyMusic%", "%mymusic%", "{home}/Desktop"},
-                                           MusicCase{"%MyMusic%/Rec", "%MyMusic%",
-                                                     "%MyMusic%/Rec"}));
 
 }  // namespace
 }  // namespace wavforge

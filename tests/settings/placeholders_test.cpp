@@ -45,58 +45,30 @@ class PlaceholdersTest : public ::testing::Test {
                         clock,       binary_files, processes, windows};
 };
 
-struct ExpandCase {
-  const char* name;
-  std::string input;
-  std::string expected;
-};
-
-class PlaceholderTableTest : public PlaceholdersTest,
-                             public ::testing::WithParamInterface<ExpandCase> {};
-
-TEST_P(PlaceholderTableTest, Expands) {
+TEST_F(PlaceholdersTest, ExpandsFoldersLineFeedsAndTheEnvironment) {
   environment.variables = {{"TEMP", "/env/temp"}, {"UserProfile", "/home/anna.smith"}};
-  EXPECT_EQ(Expand(GetParam().input), GetParam().expected) << GetParam().name;
+  const std::pair<const char*, const char*> cases[] = {
+      {"%temp%", "/env/temp"},  // no user value in the registry: the environment has TEMP
+      {"%NoSuchVariable%/x", "%NoSuchVariable%/x"},
+      {"a%LF%b%lf%", "a\r\nb\r\n"},
+      {"  %AppDir%/x  ", "/opt/wavforge/x"},
+      {"    ", ""},
+      {"%MyDocuments%|%mymusic%|%MyPictures%|%MyVideo%|%AppData%",
+       "/home/u/Documents|/home/u/Music|/home/u/Pictures|/home/u/Videos|/home/u/.config"},
+      {"%UserProfileName%", "anna"},
+      {"//server/share//file", "//server/share/file"},  // a leading pair survives
+      {"%MyMusic%//Jazz", "/home/u/Music/Jazz"},
+  };
+  for (const auto& [input, expected] : cases) EXPECT_EQ(Expand(input), expected) << input;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, PlaceholderTableTest,
-    ::testing::Values(
-        // No user value in the registry: the environment step finds TEMP.
-        ExpandCase{"temp lower case", "%temp%", "/env/temp"},
-        ExpandCase{"unknown stays", "%NoSuchVariable%/x", "%NoSuchVariable%/x"},
-        ExpandCase{"line feed", "a%LF%b%lf%", "a\r\nb\r\n"},
-        ExpandCase{"outer spaces", "  %AppDir%/x  ", "/opt/wavforge/x"},
-        ExpandCase{"only spaces", "    ", ""},
-        ExpandCase{"folders", "%MyDocuments%|%mymusic%|%MyPictures%|%MyVideo%|%AppData%",
-                   "/home/u/Documents|/home/u/Music|/home/u/Pictures|/home/u/Videos|"
-                   "/home/u/.config"},
-        ExpandCase{"profile name", "%UserProfileName%", "anna"},
-        ExpandCase{"leading pair survives", "//server/share//file", "//server/share/file"},
-        ExpandCase{"inner pair merged", "/data//rec/x", "/data/rec/x"},
-        ExpandCase{"pair from a join", "%MyMusic%//Jazz", "/home/u/Music/Jazz"}));
-
-struct ClockCase {
-  platform::LocalTime time;
-  std::string input;
-  std::string expected;
-};
-
-class ClockPlaceholderTest : public PlaceholdersTest,
-                             public ::testing::WithParamInterface<ClockCase> {};
-
-TEST_P(ClockPlaceholderTest, UsesTwoDigitParts) {
-  clock.Set(GetParam().time);
-  EXPECT_EQ(Expand(GetParam().input), GetParam().expected);
+TEST_F(PlaceholdersTest, DateAndTimePartsHaveTwoDigits) {
+  clock.Set({2026, 1, 2, 3, 4, 5});
+  EXPECT_EQ(Expand("%Year%%Month%%Day%-%hour%%MIN%%sec% %Date% %Time%|%Now%"),
+            "20260102-030405 2026-01-02 03:04:05|2026-01-02 03:04:05");
+  clock.Set({2009, 1, 2, 23, 59, 58});
+  EXPECT_EQ(Expand("%Year2%"), "09");
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, ClockPlaceholderTest,
-    ::testing::Values(
-        ClockCase{{2026, 1, 2, 3, 4, 5}, "%Year%%Month%%Day%-%hour%%MIN%%sec%", "20260102-030405"},
-        ClockCase{{2009, 1, 2, 23, 59, 58}, "%Year2%", "09"},
-        ClockCase{{2026, 1, 2, 3, 4, 5}, "%Date% %Time%", "2026-01-02 03:04:05"},
-        ClockCase{{2026, 1, 2, 3, 4, 5}, "%Now%", "2026-01-02 03:04:05"}));
 
 TEST_F(PlaceholdersTest, UserTempValueFromRegistryIsCompletedByTheEnvironment) {
   environment.variables = {{"USERPROFILE", "/home/u"}, {"TEMP", "/not/used"}};

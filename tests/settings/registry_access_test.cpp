@@ -4,8 +4,8 @@
 
 #include <cstdint>
 #include <optional>
-#include <ostream>
 #include <string>
+#include <tuple>
 #include <utility>
 
 #include "fakes/fake_clock.h"
@@ -30,86 +30,56 @@ RegistryValue Text(const std::string& text) {
   return {1, text + '\0'};
 }
 
-// --- RegRead of ordinary values -----------------------------------------------------------
+// --- RegRead -------------------------------------------------------------------------------
 
-struct ReadCase {
-  const char* description;
-  std::optional<RegistryValue> value;  // "Temp" of HKEY_CURRENT_USER "Environment"
-  RegistryData default_value;
-  RegistryData expected;
-};
-
-void PrintTo(const ReadCase& c, std::ostream* out) {
-  *out << c.description;
+TEST(RegReadTest, ReadsByType) {
+  // "Temp" of HKEY_CURRENT_USER "Environment", read with a default.
+  const std::tuple<std::optional<RegistryValue>, RegistryData, RegistryData> cases[] = {
+      {std::nullopt, "%Temp%"s, "%Temp%"s},
+      {RegistryValue{1, "C:\\Temp\0"s}, "%Temp%"s, "C:\\Temp"s},
+      {RegistryValue{1, "abc"s}, ""s, "abc"s},
+      {RegistryValue{1, "ab\0cd\0"s}, ""s, "ab"s},
+      {RegistryValue{2, "%USERPROFILE%\\T\0"s}, ""s, "%USERPROFILE%\\T"s},  // not expanded
+      {RegistryValue{7, "one\0two\0\0"s}, ""s, "one"s},  // the first of a multi-string
+      {RegistryValue{1, "12\0"s}, 0, "12"s},
+      {RegistryValue{4, "\xfe\xff\xff\xff"s}, ""s, -2},
+      {RegistryValue{4, "\x01\x02\x03\x04"s}, ""s, 0x04030201},
+      {RegistryValue{3, "\xff\x01"s}, ""s, 0x01FF},
+      {RegistryValue{3, "\x01\x02\x03\x04\x05"s}, 9, 9},  // too long for a number
+  };
+  for (const auto& [value, default_value, expected] : cases) {
+    FakeRegistry registry;
+    registry.Put(kUser, "Environment", "Tmp", Text("elsewhere"));
+    if (value) registry.Put(kUser, "Environment", "Temp", *value);
+    EXPECT_EQ(RegRead(registry, kUser, "Environment", "Temp", default_value), expected)
+        << (value ? value->data : "(missing)");
+  }
 }
 
-class RegReadTest : public ::testing::TestWithParam<ReadCase> {};
-
-TEST_P(RegReadTest, ReadsByType) {
-  const ReadCase& c = GetParam();
-  FakeRegistry registry;
-  registry.Put(kUser, "Environment", "Tmp", Text("elsewhere"));
-  if (c.value) registry.Put(kUser, "Environment", "Temp", *c.value);
-  EXPECT_EQ(RegRead(registry, kUser, "Environment", "Temp", c.default_value), c.expected);
+TEST(RegReadTest, ReadsTheDefaultValueByExactNamesOnly) {
+  const std::string k254(254, 'x');
+  const std::string k255(255, 'y');
+  // The default value of "Software\Test" (nothing: key missing), and whether the key also
+  // holds a value named "(standard)".
+  const std::tuple<std::optional<RegistryValue>, bool, std::string, std::string> cases[] = {
+      {Text("unnamed"), false, "*", "unnamed"},
+      {Text("unnamed"), false, "(Standard)", "unnamed"},
+      {Text("unnamed"), true, "(standard)", "named"},
+      {std::nullopt, false, "*", "fallback"},
+      {std::nullopt, true, "*", ""},  // a key without a default value reads empty
+      {Text(k254), false, "*", k254},
+      {Text(k255), false, "(Standard)", "fallback"},  // 255 characters do not fit
+      {Text(k255), false, "", k255},                  // unless read by the empty name
+      {RegistryValue{1, "ab\0cd\0"s}, false, "*", "ab"},
+  };
+  for (const auto& [default_value, named, name, expected] : cases) {
+    FakeRegistry registry;
+    if (default_value) registry.Put(kUser, "Software\\Test", "", *default_value);
+    if (named) registry.Put(kUser, "Software\\Test", "(standard)", Text("named"));
+    EXPECT_EQ(RegRead(registry, kUser, "Software\\Test", name, "fallback"s), RegistryData(expected))
+        << name << " " << expected.size();
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Types, RegReadTest,
-    ::testing::Values(
-        ReadCase{"missing value", {}, "%Temp%"s, "%Temp%"s},
-        ReadCase{"text", RegistryValue{1, "C:\\Temp\0"s}, "%Temp%"s, "C:\\Temp"s},
-        ReadCase{"text without its NUL", RegistryValue{1, "abc"s}, ""s, "abc"s},
-        ReadCase{"text cut at its first NUL", RegistryValue{1, "ab\0cd\0"s}, ""s, "ab"s},
-        ReadCase{"expandable text stays unexpanded", RegistryValue{2, "%USERPROFILE%\\T\0"s}, ""s,
-                 "%USERPROFILE%\\T"s},
-        ReadCase{"multi-string gives its first string", RegistryValue{7, "one\0two\0\0"s}, ""s,
-                 "one"s},
-        ReadCase{"text type with a number default", RegistryValue{1, "12\0"s}, 0, "12"s},
-        ReadCase{"negative number", RegistryValue{4, "\xfe\xff\xff\xff"s}, ""s, -2},
-        ReadCase{"little-endian bytes", RegistryValue{4, "\x01\x02\x03\x04"s}, ""s, 0x04030201},
-        ReadCase{"two bytes of binary", RegistryValue{3, "\xff\x01"s}, ""s, 0x01FF},
-        ReadCase{"five bytes are too long", RegistryValue{3, "\x01\x02\x03\x04\x05"s}, 9, 9}));
-
-// --- RegRead of the default value ---------------------------------------------------------
-
-struct DefaultReadCase {
-  const char* description;
-  std::optional<RegistryValue> default_value;  // of "Software\Test"; nothing: key missing
-  std::optional<RegistryValue> named;          // a value named "(standard)" of the same key
-  std::string name;
-  RegistryData expected;  // the default passed is always "fallback"
-};
-
-void PrintTo(const DefaultReadCase& c, std::ostream* out) {
-  *out << c.description;
-}
-
-class RegReadDefaultTest : public ::testing::TestWithParam<DefaultReadCase> {};
-
-TEST_P(RegReadDefaultTest, ReadsTheUnnamedValue) {
-  const DefaultReadCase& c = GetParam();
-  FakeRegistry registry;
-  if (c.default_value) registry.Put(kUser, "Software\\Test", "", *c.default_value);
-  if (c.named) registry.Put(kUser, "Software\\Test", "(standard)", *c.named);
-  EXPECT_EQ(RegRead(registry, kUser, "Software\\Test", c.name, "fallback"s), c.expected);
-}
-
-const std::string k254(254, 'x');
-const std::string k255(255, 'y');
-
-INSTANTIATE_TEST_SUITE_P(
-    Names, RegReadDefaultTest,
-    ::testing::Values(
-        DefaultReadCase{"star", Text("unnamed"), {}, "*", "unnamed"s},
-        DefaultReadCase{"(Standard)", Text("unnamed"), {}, "(Standard)", "unnamed"s},
-        DefaultReadCase{"other letter case is an ordinary name", Text("unnamed"), Text("named"),
-                        "(standard)", "named"s},
-        DefaultReadCase{"missing key", {}, {}, "*", "fallback"s},
-        DefaultReadCase{"key without a default value reads empty", {}, Text("named"), "*", ""s},
-        DefaultReadCase{"254 characters fit", Text(k254), {}, "*", k254},
-        DefaultReadCase{"255 characters do not", Text(k255), {}, "(Standard)", "fallback"s},
-        DefaultReadCase{"255 characters through the empty name", Text(k255), {}, "", k255},
-        DefaultReadCase{"cut at the first NUL", RegistryValue{1, "ab\0cd\0"s}, {}, "*", "ab"s}));
 
 // --- RegWrite ------------------------------------------------------------------------------
 
@@ -176,28 +146,19 @@ TEST(SaveSettingTest, WritesUnderTheProgramKeyOfItsHive) {
 
 // --- The administrator test ----------------------------------------------------------------
 
-enum class MachineHive { kWritable, kRedirected, kRefused };
-
-class HasMachineWriteAccessTest : public ::testing::TestWithParam<std::pair<MachineHive, bool>> {};
-
-TEST_P(HasMachineWriteAccessTest, TellsWhereTheMarkerLandedAndClearsIt) {
-  const auto [hive, expected] = GetParam();
-  FakeRegistry registry;
-  if (hive == MachineHive::kRedirected) registry.RedirectMachineWrites();
-  if (hive == MachineHive::kRefused) registry.SetReadOnly(kMachine);
-  EXPECT_EQ(HasMachineWriteAccess(registry, fakes::FakeClock({2024, 5, 17, 12, 34, 56})), expected);
-  // The marker is cleared again where it landed.
-  if (hive == MachineHive::kWritable) {
-    EXPECT_EQ(registry.Get(kMachine, kProgramKey, ""), Text(""));
-  } else if (hive == MachineHive::kRedirected) {
-    EXPECT_EQ(registry.Get(kClasses, kVirtualProgramKey, ""), Text(""));
-  }
+TEST(HasMachineWriteAccessTest, TellsWhereTheMarkerLandedAndClearsIt) {
+  const fakes::FakeClock clock({2024, 5, 17, 12, 34, 56});
+  FakeRegistry writable;
+  EXPECT_TRUE(HasMachineWriteAccess(writable, clock));
+  EXPECT_EQ(writable.Get(kMachine, kProgramKey, ""), Text(""));
+  FakeRegistry redirected;
+  redirected.RedirectMachineWrites();
+  EXPECT_FALSE(HasMachineWriteAccess(redirected, clock));
+  EXPECT_EQ(redirected.Get(kClasses, kVirtualProgramKey, ""), Text(""));
+  FakeRegistry refused;
+  refused.SetReadOnly(kMachine);
+  EXPECT_FALSE(HasMachineWriteAccess(refused, clock));
 }
-
-INSTANTIATE_TEST_SUITE_P(Hives, HasMachineWriteAccessTest,
-                         ::testing::Values(std::pair{MachineHive::kWritable, true},
-                                           std::pair{MachineHive::kRedirected, false},
-                                           std::pair{MachineHive::kRefused, false}));
 
 TEST(HasMachineWriteAccessTest, StaleVirtualCopyDoesNotHideRealAccess) {
   // An earlier run without rights left an empty default in the virtual store.

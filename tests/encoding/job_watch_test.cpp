@@ -31,17 +31,13 @@ class JobWatchTest : public ::testing::Test {
   FileList files{{"/rec/a.wav"}};
 };
 
-class WatchedTitleTest : public JobWatchTest, public ::testing::WithParamInterface<std::string> {};
-
-TEST_P(WatchedTitleTest, AnyWatchedTitleInAnyCaseMeansAJobRuns) {
-  windows.titles = {"bash", GetParam()};
-  EXPECT_TRUE(Tick());
-  EXPECT_FALSE(view.start_enabled);
+TEST_F(JobWatchTest, AnyWatchedTitleInAnyCaseMeansAJobRuns) {
+  for (const char* title : {"LAME", "ssrc", "OggEnc", "cscript", "larkspur encoder"}) {
+    windows.titles = {"bash", title};
+    EXPECT_TRUE(Tick()) << title;
+    EXPECT_FALSE(view.start_enabled) << title;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Titles, WatchedTitleTest,
-                         ::testing::Values("LAME", "ssrc", "OggEnc", "cscript",
-                                           "larkspur encoder"));
 
 TEST_F(JobWatchTest, TitlesMustMatchAsAWhole) {
   windows.titles = {"lame2", "Larkspur Encoder - done", "xlame", "flame"};

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 #include "fakes/fake_environment.h"
 #include "settings/environment_strings.h"
@@ -9,44 +10,32 @@
 namespace wavforge {
 namespace {
 
-struct ReplaceCase {
-  std::string text, needle, replacement, sensitive, ignoring_case;
-};
-
-class ReplaceTest : public ::testing::TestWithParam<ReplaceCase> {};
-
-TEST_P(ReplaceTest, ReplacesLeftToRightWithoutRescanning) {
-  const auto& c = GetParam();
-  EXPECT_EQ(ReplaceAll(c.text, c.needle, c.replacement), c.sensitive);
-  EXPECT_EQ(ReplaceAllIgnoreCase(c.text, c.needle, c.replacement), c.ignoring_case);
+TEST(ReplaceTest, ReplacesLeftToRightWithoutRescanning) {
+  // Text, needle, replacement; the result with and without letter case.
+  const std::tuple<const char*, const char*, const char*, const char*, const char*> cases[] = {
+      {"%A%x%a%", "%a%", "1", "%A%x1", "1x1"},
+      {"aaa", "aa", "b", "ba", "ba"},  // no overlap
+      {"%x%", "%x%", "%x%%x%", "%x%%x%", "%x%%x%"},
+      {"abc", "", "z", "abc", "abc"},
+      {"\xC4%t%", "%T%", "\xE4", "\xC4%t%", "\xC4\xE4"},
+  };
+  for (const auto& [text, needle, replacement, sensitive, ignoring_case] : cases) {
+    EXPECT_EQ(ReplaceAll(text, needle, replacement), sensitive) << text;
+    EXPECT_EQ(ReplaceAllIgnoreCase(text, needle, replacement), ignoring_case) << text;
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, ReplaceTest,
-                         ::testing::Values(ReplaceCase{"%A%x%a%", "%a%", "1", "%A%x1", "1x1"},
-                                           ReplaceCase{"aaa", "aa", "b", "ba", "ba"},  // no overlap
-                                           ReplaceCase{"%x%", "%x%", "%x%%x%", "%x%%x%", "%x%%x%"},
-                                           ReplaceCase{"abc", "", "z", "abc", "abc"},
-                                           ReplaceCase{"\xC4%t%", "%T%", "\xE4", "\xC4%t%",
-                                                       "\xC4\xE4"}));
-
-struct EnvCase {
-  std::string text, expected;
-};
-
-class EnvironmentStringsTest : public ::testing::TestWithParam<EnvCase> {};
-
-TEST_P(EnvironmentStringsTest, ExpandsKnownNamesOnly) {
+TEST(EnvironmentStringsTest, ExpandsKnownNamesOnly) {
   fakes::FakeEnvironment environment;
   environment.variables = {{"HOME", "/home/u"}, {"Path", "/bin"}, {"EMPTY", ""}};
-  EXPECT_EQ(ExpandEnvironmentStrings(GetParam().text, environment), GetParam().expected);
+  const std::pair<const char*, const char*> cases[] = {
+      {"%HOME%/x", "/home/u/x"},      {"a%EMPTY%b", "ab"},    {"%NOPE%/x", "%NOPE%/x"},
+      {"%NOPE%HOME%", "%NOPE%HOME%"}, {"%%HOME%", "%%HOME%"}, {"50%", "50%"},
+  };
+  for (const auto& [text, expected] : cases) {
+    EXPECT_EQ(ExpandEnvironmentStrings(text, environment), expected) << text;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Table, EnvironmentStringsTest,
-                         ::testing::Values(EnvCase{"%HOME%/x", "/home/u/x"},
-                                           EnvCase{"a%EMPTY%b", "ab"},
-                                           EnvCase{"%NOPE%/x", "%NOPE%/x"},
-                                           EnvCase{"%NOPE%HOME%", "%NOPE%HOME%"},
-                                           EnvCase{"%%HOME%", "%%HOME%"}, EnvCase{"50%", "50%"}));
 
 }  // namespace
 }  // namespace wavforge

@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <tuple>
 
 #include "support/isolated_home.h"
 
@@ -13,39 +14,24 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct FolderCase {
-  const char* name;
-  const char* runtime;   // nullptr: unset
-  const char* temp;      // nullptr: unset
-  std::string expected;  // "<uid>" stands for the user's id
-};
-
-class ConsoleTitleFolderTest : public testing_support::IsolatedHomeTest,
-                               public ::testing::WithParamInterface<FolderCase> {};
-
-TEST_P(ConsoleTitleFolderTest, FollowsTheRuntimeThenTheTemporaryFolder) {
-  const FolderCase& c = GetParam();
-  c.runtime ? setenv("XDG_RUNTIME_DIR", c.runtime, 1) : unsetenv("XDG_RUNTIME_DIR");
-  c.temp ? setenv("TMPDIR", c.temp, 1) : unsetenv("TMPDIR");
-  std::string expected = c.expected;
-  const auto uid = expected.find("<uid>");
-  if (uid != std::string::npos) expected.replace(uid, 5, std::to_string(geteuid()));
-  EXPECT_EQ(ConsoleTitleFolder(), expected);
-  EXPECT_EQ(ConsoleTitlePath(4242), expected + "/4242");
-}
-
-INSTANTIATE_TEST_SUITE_P(Variables, ConsoleTitleFolderTest,
-                         ::testing::Values(FolderCase{"Runtime", "/run/user/1000", "/var/tmp",
-                                                      "/run/user/1000/wavforge-titles"},
-                                           FolderCase{"TemporaryWithoutRuntime", nullptr,
-                                                      "/var/tmp", "/var/tmp/wavforge-titles-<uid>"},
-                                           FolderCase{"EmptyRuntimeCountsAsUnset", "", "/var/tmp",
-                                                      "/var/tmp/wavforge-titles-<uid>"},
-                                           FolderCase{"Neither", nullptr, nullptr,
-                                                      "/tmp/wavforge-titles-<uid>"}),
-                         [](const auto& row) { return std::string(row.param.name); });
-
 class ConsoleTitleTest : public testing_support::IsolatedHomeTest {};
+
+TEST_F(ConsoleTitleTest, FolderFollowsTheRuntimeThenTheTemporaryFolder) {
+  const std::string uid = std::to_string(geteuid());
+  // XDG_RUNTIME_DIR and TMPDIR (nothing: unset), the folder then used.
+  const std::tuple<const char*, const char*, std::string> cases[] = {
+      {"/run/user/1000", "/var/tmp", "/run/user/1000/wavforge-titles"},
+      {nullptr, "/var/tmp", "/var/tmp/wavforge-titles-" + uid},
+      {"", "/var/tmp", "/var/tmp/wavforge-titles-" + uid},
+      {nullptr, nullptr, "/tmp/wavforge-titles-" + uid},
+  };
+  for (const auto& [runtime, temp, expected] : cases) {
+    runtime ? setenv("XDG_RUNTIME_DIR", runtime, 1) : unsetenv("XDG_RUNTIME_DIR");
+    temp ? setenv("TMPDIR", temp, 1) : unsetenv("TMPDIR");
+    EXPECT_EQ(ConsoleTitleFolder(), expected);
+    EXPECT_EQ(ConsoleTitlePath(4242), expected + "/4242");
+  }
+}
 
 TEST_F(ConsoleTitleTest, PublishedTitleReadsBackUntilCleared) {
   const pid_t pid = 31337;

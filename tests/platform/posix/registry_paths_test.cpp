@@ -4,64 +4,44 @@
 
 #include <cstdlib>
 #include <optional>
-#include <ostream>
 #include <string>
+#include <tuple>
+#include <utility>
 
 #include "support/isolated_home.h"
 
 namespace platform::posix {
 namespace {
 
-struct PathsCase {
-  std::optional<std::string> home;
-  std::optional<std::string> config_home;
-  std::optional<std::string> data_dirs;
-  std::string user_store;
-  std::string machine_store;
-};
+class RegistryPathsTest : public testing_support::IsolatedHomeTest {};
 
-void PrintTo(const PathsCase& c, std::ostream* out) {
-  *out << c.user_store << " " << c.machine_store;
-}
-
-class RegistryPathsTest : public testing_support::IsolatedHomeTest,
-                          public ::testing::WithParamInterface<PathsCase> {};
-
-void SetOrUnset(const char* name, const std::optional<std::string>& value) {
-  if (value) {
-    setenv(name, value->c_str(), 1);
-  } else {
-    unsetenv(name);
+TEST_F(RegistryPathsTest, FollowTheXdgFolders) {
+  // HOME, XDG_CONFIG_HOME and XDG_DATA_DIRS (nothing: unset); the user's and the machine's
+  // store then used.
+  using Variable = std::optional<std::string>;
+  const std::tuple<Variable, Variable, Variable, std::string, std::string> cases[] = {
+      {"/home/anna", "/cfg", "/opt/share:/usr/share", "/cfg/Larkspur/registry.sqlite",
+       "/opt/share/Larkspur/registry.sqlite"},
+      {"/home/anna", std::nullopt, std::nullopt, "/home/anna/.config/Larkspur/registry.sqlite",
+       "/usr/local/share/Larkspur/registry.sqlite"},
+      // Relative entries are ignored, as are empty list entries.
+      {"/home/anna", "rel/cfg", "share::/usr/share", "/home/anna/.config/Larkspur/registry.sqlite",
+       "/usr/share/Larkspur/registry.sqlite"},
+      {"/home/anna/", "/cfg//", ":/srv/data/", "/cfg/Larkspur/registry.sqlite",
+       "/srv/data/Larkspur/registry.sqlite"},
+      {"/", std::nullopt, "/", "/.config/Larkspur/registry.sqlite", "/Larkspur/registry.sqlite"},
+  };
+  for (const auto& [home, config_home, data_dirs, user_store, machine_store] : cases) {
+    for (const auto& [name, value] : {std::pair{"HOME", home},
+                                      {"XDG_CONFIG_HOME", config_home},
+                                      {"XDG_DATA_DIRS", data_dirs}}) {
+      value ? setenv(name, value->c_str(), 1) : unsetenv(name);
+    }
+    const RegistryPaths paths = DefaultRegistryPaths("Larkspur");
+    EXPECT_EQ(paths.user_store, user_store);
+    EXPECT_EQ(paths.machine_store, machine_store);
   }
 }
-
-TEST_P(RegistryPathsTest, FollowsTheXdgFolders) {
-  const PathsCase& c = GetParam();
-  SetOrUnset("HOME", c.home);
-  SetOrUnset("XDG_CONFIG_HOME", c.config_home);
-  SetOrUnset("XDG_DATA_DIRS", c.data_dirs);
-  const RegistryPaths paths = DefaultRegistryPaths("Larkspur");
-  EXPECT_EQ(paths.user_store, c.user_store);
-  EXPECT_EQ(paths.machine_store, c.machine_store);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Variables, RegistryPathsTest,
-    ::testing::Values(PathsCase{"/home/anna", "/cfg", "/opt/share:/usr/share",
-                                "/cfg/Larkspur/registry.sqlite",
-                                "/opt/share/Larkspur/registry.sqlite"},
-                      PathsCase{"/home/anna", std::nullopt, std::nullopt,
-                                "/home/anna/.config/Larkspur/registry.sqlite",
-                                "/usr/local/share/Larkspur/registry.sqlite"},
-                      // Relative entries are ignored, as are empty list entries.
-                      PathsCase{"/home/anna", "rel/cfg", "share::/usr/share",
-                                "/home/anna/.config/Larkspur/registry.sqlite",
-                                "/usr/share/Larkspur/registry.sqlite"},
-                      PathsCase{"/home/anna/", "/cfg//", ":/srv/data/",
-                                "/cfg/Larkspur/registry.sqlite",
-                                "/srv/data/Larkspur/registry.sqlite"},
-                      PathsCase{"/", std::nullopt, "/", "/.config/Larkspur/registry.sqlite",
-                                "/Larkspur/registry.sqlite"}));
 
 }  // namespace
 }  // namespace platform::posix

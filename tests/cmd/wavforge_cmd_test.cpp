@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <optional>
 #include <thread>
+#include <tuple>
 
 #include "cmd/interpreter_process.h"
 #include "platform/posix/console_title.h"
@@ -224,32 +225,22 @@ TEST_P(WavforgeCmdSignalTest, EndingSignalRemovesTheTitle) {
 INSTANTIATE_TEST_SUITE_P(Signals, WavforgeCmdSignalTest,
                          ::testing::Values(SIGTERM, SIGINT, SIGHUP));
 
-struct StartCase {
-  const char* name;
-  const char* line;
-  double min_seconds;
-  double max_seconds;
-};
-
-class WavforgeCmdStartTest : public WavforgeCmdTest,
-                             public ::testing::WithParamInterface<StartCase> {};
-
-TEST_P(WavforgeCmdStartTest, WaitsOnlyWhenAsked) {
-  const fs::path script = WriteScript(std::string("@") + GetParam().line + "\r\n");
-  const auto begin = std::chrono::steady_clock::now();
-  const InterpreterRun run = RunInterpreter({script.string()}, Folder());
-  const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
-  EXPECT_EQ(run.exit_code, 0);
-  EXPECT_EQ(run.errors, "");
-  EXPECT_GE(took.count(), GetParam().min_seconds);
-  EXPECT_LT(took.count(), GetParam().max_seconds);
+TEST_F(WavforgeCmdTest, StartWaitsOnlyWhenAsked) {
+  const std::tuple<const char*, double, double> cases[] = {
+      {R"(start "" /b /belownormal sleep 3)", 0.0, 2.0},
+      {R"(start "Encoder" /wait /low sleep 1)", 0.9, 10.0},
+  };
+  for (const auto& [line, min_seconds, max_seconds] : cases) {
+    const fs::path script = WriteScript(std::string("@") + line + "\r\n");
+    const auto begin = std::chrono::steady_clock::now();
+    const InterpreterRun run = RunInterpreter({script.string()}, Folder());
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
+    EXPECT_EQ(run.exit_code, 0) << line;
+    EXPECT_EQ(run.errors, "") << line;
+    EXPECT_GE(took.count(), min_seconds) << line;
+    EXPECT_LT(took.count(), max_seconds) << line;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Forms, WavforgeCmdStartTest,
-    ::testing::Values(StartCase{"NoWait", R"(start "" /b /belownormal sleep 3)", 0.0, 2.0},
-                      StartCase{"Wait", R"(start "Encoder" /wait /low sleep 1)", 0.9, 10.0}),
-    [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(WavforgeCmdTest, StartedProgramRunsInTheFolderGiven) {
   fs::create_directories(Folder() / "out");
@@ -263,46 +254,24 @@ TEST_F(WavforgeCmdTest, StartedProgramRunsInTheFolderGiven) {
   EXPECT_EQ(testing_support::ReadFile(marker), (Folder() / "out").string() + "\n");
 }
 
-struct CommandCase {
-  const char* name;
-  std::vector<std::string> arguments;
-  std::string output;
-  std::string errors;
-  int exit_code;
-};
-
-class WavforgeCmdCommandLineTest : public WavforgeCmdTest,
-                                   public ::testing::WithParamInterface<CommandCase> {};
-
-TEST_P(WavforgeCmdCommandLineTest, RunsOneLine) {
+TEST_F(WavforgeCmdTest, RunsOneCommandLine) {
+  // The arguments; "exit code|output|errors".
+  const std::pair<std::vector<std::string>, std::string> cases[] = {
+      {{"/c", "echo %wf_test_value% %WF_UNDEFINED% 100%% %1"}, "0|val %WF_UNDEFINED% 100%% %1\n|"},
+      {{"/q", "/c", "echo"}, "0|ECHO is off.\n|"},
+      {{"/c", "echo", "a", "&&", "echo", "b"}, "0|a \nb\n|"},
+      {{"/c", "exit /b 7"}, "7||"},
+      {{"/c", "sh -c \"exit 5\""}, "5||"},
+      {{},
+       "1||Usage: wavforge-cmd SCRIPT [ARGUMENTS...]\n"
+       "       wavforge-cmd [/q] /c COMMAND LINE...\n"},
+      {{"missing.bat"}, std::string("1||'missing.bat") + kNotRecognized},
+  };
   setenv("WF_TEST_VALUE", "val", 1);
-  const InterpreterRun run = RunInterpreter(GetParam().arguments, Folder());
-  unsetenv("WF_TEST_VALUE");
-  EXPECT_EQ(run.output, GetParam().output);
-  EXPECT_EQ(run.errors, GetParam().errors);
-  EXPECT_EQ(run.exit_code, GetParam().exit_code);
+  for (const auto& [arguments, expected] : cases) {
+    const InterpreterRun run = RunInterpreter(arguments, Folder());
+    EXPECT_EQ(std::to_string(run.exit_code) + "|" + run.output + "|" + run.errors, expected);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Forms, WavforgeCmdCommandLineTest,
-    ::testing::Values(
-        CommandCase{"VariablesExpandUndefinedStay",
-                    {"/c", "echo %wf_test_value% %WF_UNDEFINED% 100%% %1"},
-                    "val %WF_UNDEFINED% 100%% %1\n",
-                    "",
-                    0},
-        CommandCase{"QuietEchoState", {"/q", "/c", "echo"}, "ECHO is off.\n", "", 0},
-        CommandCase{"WordsJoined", {"/c", "echo", "a", "&&", "echo", "b"}, "a \nb\n", "", 0},
-        CommandCase{"ExitCode", {"/c", "exit /b 7"}, "", "", 7},
-        CommandCase{"ProgramExitCode", {"/c", "sh -c \"exit 5\""}, "", "", 5},
-        CommandCase{"NoArguments",
-                    {},
-                    "",
-                    "Usage: wavforge-cmd SCRIPT [ARGUMENTS...]\n"
-                    "       wavforge-cmd [/q] /c COMMAND LINE...\n",
-                    1},
-        CommandCase{
-            "MissingScript", {"missing.bat"}, "", std::string("'missing.bat") + kNotRecognized, 1}),
-    [](const auto& row) { return std::string(row.param.name); });
 
 }  // namespace

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cctype>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "fakes/fake_clock.h"
@@ -93,60 +93,41 @@ TEST_F(EncodeJobTest, WritesStartsAndLogsTheScriptOfOneFile) {
   EXPECT_TRUE(ui.messages.empty());
 }
 
-struct ScriptCase {
-  const char* name;
-  std::string options;
-  std::vector<std::string> selection;
-  std::string expected_script;  // without the title line and the self-deleting line
-};
-
-class ScriptTextTest : public EncodeJobTest, public ::testing::WithParamInterface<ScriptCase> {};
-
-TEST_P(ScriptTextTest, BuildsTheLinesInOrder) {
+TEST_F(EncodeJobTest, BuildsTheLinesInOrder) {
   AddTagged("/rec/tagged.wav", {{"IGNR", "Jazz FM"}, {"IART", "A"}, {"IALB", "L"}, {"INAM", "B"}});
   AddTagged("/rec/odd %2.WAV", {{"IGNR", "G"}, {"IART", "x\\r\\ny"}, {"IALB", ""}, {"INAM", "T"}});
-  SetSettings(GetParam().options);
-  selection.Replace(GetParam().selection);
-  const JobOutcome outcome = Run();
-  ASSERT_TRUE(outcome.started) << GetParam().name;
-  EXPECT_EQ(files.Contents(kScript),
-            "title Larkspur Encoder\r\n" + GetParam().expected_script + "del \"" + kScript + "\"")
-      << GetParam().name;
+  // Options, selection, and the script without its title line and its self-deleting line.
+  const std::tuple<std::string, std::vector<std::string>, std::string> cases[] = {
+      // Items that are no WAV add nothing.
+      {"Encoder=1\nDelTemp=0\n", {"/rec/a.mp3", "", "/rec/folder", "/rec/x.wave"}, ""},
+      // A tagged file goes to its genre folder; no del with DelTemp off.
+      {"Encoder=1\nMP3Quality=0\nDelTemp=0\n",
+       {"/rec/tagged.wav"},
+       "lame -V 2 --ta \"A\" \"/rec/tagged.wav\" \"/home/u/Music/Jazz FM/A - B.mp3\"\r\n"},
+      // A WAV format keeps %1 for the interpreter.
+      {"Encoder=5\nDelTemp=0\n",
+       {"/rec/a.wav"},
+       "ssrc %1 \"/rec/a.wav\" \"/home/u/Music/-.wav\"\r\n"},
+      // Normalising runs first, with time and source folder.
+      {"Encoder=1\nMP3Quality=1\nNormalize=1\nDelTemp=0\n",
+       {"/rec/a.wav"},
+       "norm \"/rec/a.wav\" /home/u/.config/Larkspur/encode.log 140510 \"/rec/\"\r\n"
+       "lame -V 4 --ta \"\" \"/rec/a.wav\" \"/home/u/Music/-.mp3\"\r\n"},
+      // "%2" in the base path receives the output path; the artist's escape ends a line but is
+      // only a name in the output path; the extension's letter case does not matter.
+      {"Encoder=1\nMP3Quality=1\nDelTemp=0\n",
+       {"/rec/odd %2.WAV"},
+       "lame -V 4 --ta \"x\r\ny\" \"/rec/odd /home/u/Music/G/x_r_ny - T.wav\" "
+       "\"/home/u/Music/G/x_r_ny - T.mp3\"\r\n"},
+  };
+  for (const auto& [options, items, expected] : cases) {
+    SetSettings(options);
+    selection.Replace(items);
+    ASSERT_TRUE(Run().started) << expected;
+    EXPECT_EQ(files.Contents(kScript),
+              "title Larkspur Encoder\r\n" + expected + "del \"" + kScript + "\"");
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, ScriptTextTest,
-    ::testing::Values(
-        ScriptCase{"items that are no WAV add nothing",
-                   "Encoder=1\nDelTemp=0\n",
-                   {"/rec/a.mp3", "", "/rec/folder", "/rec/x.wave"},
-                   ""},
-        ScriptCase{
-            "tagged file goes to its genre folder, no del with DelTemp off",
-            "Encoder=1\nMP3Quality=0\nDelTemp=0\n",
-            {"/rec/tagged.wav"},
-            "lame -V 2 --ta \"A\" \"/rec/tagged.wav\" \"/home/u/Music/Jazz FM/A - B.mp3\"\r\n"},
-        ScriptCase{"a WAV format keeps %1 for the interpreter",
-                   "Encoder=5\nDelTemp=0\n",
-                   {"/rec/a.wav"},
-                   "ssrc %1 \"/rec/a.wav\" \"/home/u/Music/-.wav\"\r\n"},
-        ScriptCase{"normalising runs first, with time and source folder",
-                   "Encoder=1\nMP3Quality=1\nNormalize=1\nDelTemp=0\n",
-                   {"/rec/a.wav"},
-                   "norm \"/rec/a.wav\" /home/u/.config/Larkspur/encode.log 140510 \"/rec/\"\r\n"
-                   "lame -V 4 --ta \"\" \"/rec/a.wav\" \"/home/u/Music/-.mp3\"\r\n"},
-        // "%2" in the base path receives the output path; the artist's escape ends a line but
-        // is only a name in the output path; the extension's letter case does not matter.
-        ScriptCase{"inserted values are filled in turn",
-                   "Encoder=1\nMP3Quality=1\nDelTemp=0\n",
-                   {"/rec/odd %2.WAV"},
-                   "lame -V 4 --ta \"x\r\ny\" \"/rec/odd /home/u/Music/G/x_r_ny - T.wav\" "
-                   "\"/home/u/Music/G/x_r_ny - T.mp3\"\r\n"}),
-    [](const auto& row) {
-      std::string name = row.param.name;
-      for (char& c : name) c = std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
-      return name;
-    });
 
 TEST_F(EncodeJobTest, EveryFileLogsItsFormatCodeAndTitle) {
   AddTagged("/rec/tagged.wav", {{"IGNR", "G"}, {"IART", "A"}, {"IALB", "L"}, {"INAM", "B"}});
@@ -159,39 +140,29 @@ TEST_F(EncodeJobTest, EveryFileLogsItsFormatCodeAndTitle) {
             "14:05:10\tEXEC\t/tmp/t/Larkspur140510.bat\r\n");
 }
 
-struct FailureCase {
-  const char* name;
-  std::string options;
-  bool writes_fail;
-  std::string message;
-};
-
-class JobFailureTest : public EncodeJobTest, public ::testing::WithParamInterface<FailureCase> {};
-
-TEST_P(JobFailureTest, ShowsMessage908AndKeepsTheSelection) {
-  SetSettings(GetParam().options + "TempPath=/tmp/t\n");
-  if (GetParam().writes_fail)
-    files.FailWrites(std::make_error_code(std::errc::read_only_file_system));
-  const JobOutcome outcome = Run();
-  EXPECT_FALSE(outcome.started);
-  ASSERT_EQ(ui.messages.size(), 1u);
-  EXPECT_EQ(ui.messages[0].text, GetParam().message);
-  EXPECT_EQ(ui.messages[0].style, platform::kCriticalIcon);
+TEST_F(EncodeJobTest, FailureShowsMessage908AndKeepsTheSelection) {
+  const std::string missing = "Cannot start the job in /tmp/t: 9 Subscript out of range";
+  // Options, whether writing fails (last, as it cannot be undone), the message shown.
+  const std::tuple<std::string, bool, std::string> cases[] = {
+      {"Encoder=6\n", false, missing},
+      {"Encoder=1\nMP3Quality=2\n", false, missing},
+      {"Encoder=1\nMP3Quality=-1\n", false, missing},
+      {"Encoder=1\nMP3Quality=1\n", true,
+       "Cannot start the job in /tmp/t: 30 Read-only file system"},
+  };
+  for (const auto& [options, writes_fail, message] : cases) {
+    SetSettings(options + "TempPath=/tmp/t\n");
+    if (writes_fail) files.FailWrites(std::make_error_code(std::errc::read_only_file_system));
+    ui.messages.clear();
+    EXPECT_FALSE(Run().started) << options;
+    ASSERT_EQ(ui.messages.size(), 1u) << options;
+    EXPECT_EQ(ui.messages[0].text, message);
+    EXPECT_EQ(ui.messages[0].style, platform::kCriticalIcon);
+  }
   EXPECT_EQ(selection.Items(), std::vector<std::string>{"/rec/Band - Song.wav"});
   EXPECT_TRUE(processes.scripts.empty());
   EXPECT_EQ(files.Contents(kLog), std::nullopt);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, JobFailureTest,
-    ::testing::Values(FailureCase{"script cannot be written", "Encoder=1\nMP3Quality=1\n", true,
-                                  "Cannot start the job in /tmp/t: 30 Read-only file system"},
-                      FailureCase{"no such format", "Encoder=6\n", false,
-                                  "Cannot start the job in /tmp/t: 9 Subscript out of range"},
-                      FailureCase{"quality beyond its list", "Encoder=1\nMP3Quality=2\n", false,
-                                  "Cannot start the job in /tmp/t: 9 Subscript out of range"},
-                      FailureCase{"negative quality", "Encoder=1\nMP3Quality=-1\n", false,
-                                  "Cannot start the job in /tmp/t: 9 Subscript out of range"}));
 
 TEST_F(EncodeJobTest, OnThe9xFamilyTheCommandInterpreterRunsTheScript) {
   environment.version = 0x80000000u;

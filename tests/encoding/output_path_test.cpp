@@ -32,53 +32,48 @@ struct OutputCase {
   std::vector<std::string> created;  // CreateFolder calls, in order
 };
 
-class OutputPathTest : public ::testing::TestWithParam<OutputCase> {};
-
-TEST_P(OutputPathTest, BuildsFolderAndName) {
-  const OutputCase& c = GetParam();
-  fakes::FakeFileSystem files;
-  files.AddFolder("/music");
-  const Settings settings =
-      MusicSettings("/music", c.use_subfolder, c.folder_template, "%Artist% - %Title% %Date%");
-  EXPECT_EQ(OutputPath(settings, c.tags, files), c.expected);
-  EXPECT_EQ(files.created(), c.created);
+TEST(OutputPathTest, BuildsFolderAndName) {
+  const OutputCase cases[] = {
+      OutputCase{"GenreSubfolder",
+                 {"Jazz FM", "A", "", "B"},
+                 true,
+                 "%Genre%",
+                 "/music/Jazz FM/A - B %Date%",
+                 {"/music/Jazz FM"}},
+      OutputCase{
+          "SubfolderOff", {"Jazz FM", "A", "", "B"}, false, "%Genre%", "/music/A - B %Date%", {}},
+      // Without a genre the folder template is not even looked at.
+      OutputCase{
+          "NoGenreFixedFolder", {"", "A", "", "B"}, true, "Fixed", "/music/A - B %Date%", {}},
+      OutputCase{"BlankSubfolderDropped",
+                 {"  ", "A", "", "B"},
+                 true,
+                 "%Genre%",
+                 "/music/A - B %Date%",
+                 {}},
+      // Characters no name may hold become "_"; the separator only survives in the folder.
+      OutputCase{"SeparatorAndQuestionInTitle",
+                 {"Rock/Pop", "A", "", "B/C?"},
+                 true,
+                 "%Genre%",
+                 "/music/Rock/Pop/A - B_C_ %Date%",
+                 {"/music/Rock/Pop"}},
+      // Only tag placeholders are filled; others stay as written.
+      OutputCase{"OtherPlaceholdersStay",
+                 {"Jazz FM", "A", "", "B"},
+                 true,
+                 "%Station%/%Artist% %Temp%",
+                 "/music/Jazz FM/A %Temp%/A - B %Date%",
+                 {"/music/Jazz FM/A %Temp%"}}};
+  for (const OutputCase& c : cases) {
+    fakes::FakeFileSystem files;
+    files.AddFolder("/music");
+    const Settings settings =
+        MusicSettings("/music", c.use_subfolder, c.folder_template, "%Artist% - %Title% %Date%");
+    EXPECT_EQ(OutputPath(settings, c.tags, files), c.expected) << c.name;
+    EXPECT_EQ(files.created(), c.created) << c.name;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Tags, OutputPathTest,
-    ::testing::Values(
-        OutputCase{"GenreSubfolder",
-                   {"Jazz FM", "A", "", "B"},
-                   true,
-                   "%Genre%",
-                   "/music/Jazz FM/A - B %Date%",
-                   {"/music/Jazz FM"}},
-        OutputCase{
-            "SubfolderOff", {"Jazz FM", "A", "", "B"}, false, "%Genre%", "/music/A - B %Date%", {}},
-        // Without a genre the folder template is not even looked at.
-        OutputCase{
-            "NoGenreFixedFolder", {"", "A", "", "B"}, true, "Fixed", "/music/A - B %Date%", {}},
-        OutputCase{"BlankSubfolderDropped",
-                   {"  ", "A", "", "B"},
-                   true,
-                   "%Genre%",
-                   "/music/A - B %Date%",
-                   {}},
-        // Characters no name may hold become "_"; the separator only survives in the folder.
-        OutputCase{"SeparatorAndQuestionInTitle",
-                   {"Rock/Pop", "A", "", "B/C?"},
-                   true,
-                   "%Genre%",
-                   "/music/Rock/Pop/A - B_C_ %Date%",
-                   {"/music/Rock/Pop"}},
-        // Only tag placeholders are filled; others stay as written.
-        OutputCase{"OtherPlaceholdersStay",
-                   {"Jazz FM", "A", "", "B"},
-                   true,
-                   "%Station%/%Artist% %Temp%",
-                   "/music/Jazz FM/A %Temp%/A - B %Date%",
-                   {"/music/Jazz FM/A %Temp%"}}),
-    [](const auto& test) { return std::string(test.param.name); });
 
 class OutputPathOnDiskTest : public testing_support::IsolatedHomeTest {};
 

@@ -14,24 +14,21 @@ struct NamesCase {
   std::string file_title;
 };
 
-class SourceNamesTest : public ::testing::TestWithParam<NamesCase> {};
-
-TEST_P(SourceNamesTest, SplitsTheSourcePath) {
-  EXPECT_EQ(BasePath(GetParam().source), GetParam().base_path);
-  EXPECT_EQ(SourceFolder(GetParam().source), GetParam().folder);
-  EXPECT_EQ(FileTitle(GetParam().source), GetParam().file_title);
+TEST(SourceNamesTest, SplitsTheSourcePath) {
+  const NamesCase cases[] = {
+      NamesCase{"/rec/Band - Song.wav", "/rec/Band - Song", "/rec/", "Band - Song"},
+      NamesCase{"Song.WAV", "Song", "", "Song"},  // no folder at all
+      // Only the last separator and the last four characters count.
+      NamesCase{"/rec/take.wav/a.b.Wav", "/rec/take.wav/a.b", "/rec/take.wav/", "a.b"},
+      // A backslash is part of a name on this platform.
+      NamesCase{"C:\\Rec\\Song.wav", "C:\\Rec\\Song", "", "C:\\Rec\\Song"},
+      NamesCase{"/r/av", "/", "/r/", ""}};
+  for (const NamesCase& c : cases) {
+    EXPECT_EQ(BasePath(c.source), c.base_path) << c.source;
+    EXPECT_EQ(SourceFolder(c.source), c.folder) << c.source;
+    EXPECT_EQ(FileTitle(c.source), c.file_title) << c.source;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Paths, SourceNamesTest,
-    ::testing::Values(NamesCase{"/rec/Band - Song.wav", "/rec/Band - Song", "/rec/", "Band - Song"},
-                      NamesCase{"Song.WAV", "Song", "", "Song"},  // no folder at all
-                      // Only the last separator and the last four characters count.
-                      NamesCase{"/rec/take.wav/a.b.Wav", "/rec/take.wav/a.b", "/rec/take.wav/",
-                                "a.b"},
-                      // A backslash is part of a name on this platform.
-                      NamesCase{"C:\\Rec\\Song.wav", "C:\\Rec\\Song", "", "C:\\Rec\\Song"},
-                      NamesCase{"/r/av", "/", "/r/", ""}));
 
 }  // namespace
 }  // namespace wavforge

@@ -14,20 +14,17 @@ struct SubstituteCase {
   std::string expected;
 };
 
-class SubstituteArgsTest : public ::testing::TestWithParam<SubstituteCase> {};
-
-TEST_P(SubstituteArgsTest, FillsNumberedFieldsInTurn) {
-  EXPECT_EQ(SubstituteArgs(GetParam().text, GetParam().arguments), GetParam().expected);
+TEST(SubstituteArgsTest, FillsNumberedFieldsInTurn) {
+  const SubstituteCase cases[] = {
+      SubstituteCase{"lame %5 \"%1.wav\" \"%2.mp3\"",
+                     {"/r/a", "/m/b", "", "", "%1"},
+                     "lame %1 \"/r/a.wav\" \"/m/b.mp3\""},  // %5 brings "%1" after its turn
+      SubstituteCase{"%1|%2", {"has %2", "out"}, "has out|out"},
+      SubstituteCase{"%1 %1 %3", {"x"}, "x x %3"}, SubstituteCase{"%10", {"a"}, "a0"}};
+  for (const SubstituteCase& c : cases) {
+    EXPECT_EQ(SubstituteArgs(c.text, c.arguments), c.expected) << c.text;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, SubstituteArgsTest,
-    ::testing::Values(
-        SubstituteCase{"lame %5 \"%1.wav\" \"%2.mp3\"",
-                       {"/r/a", "/m/b", "", "", "%1"},
-                       "lame %1 \"/r/a.wav\" \"/m/b.mp3\""},  // %5 brings "%1" after its turn
-        SubstituteCase{"%1|%2", {"has %2", "out"}, "has out|out"},
-        SubstituteCase{"%1 %1 %3", {"x"}, "x x %3"}, SubstituteCase{"%10", {"a"}, "a0"}));
 
 }  // namespace
 }  // namespace wavforge

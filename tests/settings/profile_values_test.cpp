@@ -6,6 +6,7 @@
 #include <limits>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "fakes/memory_profile_reader.h"
@@ -26,31 +27,24 @@ std::string Pattern(std::size_t length) {
   return text;
 }
 
-struct CapCase {
-  std::size_t value_length;
-  std::size_t capacity;
-  std::size_t expected_length;
-};
-
-class ProfileTextCapTest : public ::testing::TestWithParam<CapCase> {};
-
-TEST_P(ProfileTextCapTest, CutsValueAndDefaultToTheBuffer) {
-  const CapCase& c = GetParam();
-  fakes::MemoryProfileReader reader;
-  reader.SetFile(kFile, "[EncParams]\nMP3=\"" + Pattern(c.value_length) + "\"\n");
-  const std::string expected = Pattern(c.value_length).substr(0, c.expected_length);
-  EXPECT_EQ(GetProfileText(reader, kFile, "EncParams", "MP3", "x", c.capacity), expected);
-  EXPECT_EQ(
-      GetProfileText(reader, kFile, "EncParams", "Absent", Pattern(c.value_length), c.capacity),
-      expected);
+TEST(ProfileTextTest, CutsValueAndDefaultToTheBuffer) {
+  // Length of the value, capacity of the buffer, length read.
+  const std::tuple<std::size_t, std::size_t, std::size_t> cases[] = {
+      {255, kSettingTextCapacity, 254},
+      {254, kSettingTextCapacity, 254},
+      {1024, kParameterListCapacity, 1023},
+      {40000, kLargeProfileBufferCapacity, 32766},
+      {5, 0, 0},
+  };
+  for (const auto& [value_length, capacity, expected_length] : cases) {
+    fakes::MemoryProfileReader reader;
+    reader.SetFile(kFile, "[EncParams]\nMP3=\"" + Pattern(value_length) + "\"\n");
+    const std::string expected = Pattern(value_length).substr(0, expected_length);
+    EXPECT_EQ(GetProfileText(reader, kFile, "EncParams", "MP3", "x", capacity), expected);
+    EXPECT_EQ(GetProfileText(reader, kFile, "EncParams", "Absent", Pattern(value_length), capacity),
+              expected);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Buffers, ProfileTextCapTest,
-                         ::testing::Values(CapCase{255, kSettingTextCapacity, 254},
-                                           CapCase{254, kSettingTextCapacity, 254},
-                                           CapCase{1024, kParameterListCapacity, 1023},
-                                           CapCase{40000, kLargeProfileBufferCapacity, 32766},
-                                           CapCase{5, 0, 0}));
 
 TEST(ProfileTextTest, ReadsValueOrDefault) {
   const std::pair<std::string, std::string> cases[] = {

@@ -8,29 +8,22 @@
 namespace wavforge {
 namespace {
 
-struct CommandLineCase {
-  std::string line;
-  std::vector<std::string> items;
-};
-
-class ParseCommandLineTest : public ::testing::TestWithParam<CommandLineCase> {};
-
-TEST_P(ParseCommandLineTest, SplitsLikeTheWindowsProgramDid) {
-  FileList list({"earlier"});
-  EXPECT_TRUE(ParseCommandLine(GetParam().line, list));
-  EXPECT_EQ(list.Items(), GetParam().items);
+TEST(ParseCommandLineTest, SplitsLikeTheWindowsProgramDid) {
+  const std::pair<std::string, std::vector<std::string>> cases[] = {
+      {"\"/rec/Band - Song.wav\"", {"/rec/Band - Song.wav", ""}},
+      {"a.wav  b.wav", {"a.wav", "b.wav"}},       // two blanks: one separator
+      {"a.wav   b.wav", {"a.wav", "", "b.wav"}},  // three: an empty item
+      {"\"/a b.wav\" c.wav", {"/a b.wav", "c.wav"}},
+      {"a.wav|b.wav", {"a.wav", "b.wav"}},
+      {"a.wav\tb.wav", {"a.wav\tb.wav"}},
+      {"x\"y z\"w", {"xy z", "w"}},
+  };
+  for (const auto& [line, items] : cases) {
+    FileList list({"earlier"});
+    EXPECT_TRUE(ParseCommandLine(line, list));
+    EXPECT_EQ(list.Items(), items) << line;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, ParseCommandLineTest,
-    ::testing::Values(
-        CommandLineCase{"\"/rec/Band - Song.wav\"", {"/rec/Band - Song.wav", ""}},
-        CommandLineCase{"a.wav  b.wav", {"a.wav", "b.wav"}},       // two blanks: one separator
-        CommandLineCase{"a.wav   b.wav", {"a.wav", "", "b.wav"}},  // three: an empty item
-        CommandLineCase{"\"/a b.wav\" c.wav", {"/a b.wav", "c.wav"}},
-        CommandLineCase{"a.wav|b.wav", {"a.wav", "b.wav"}},
-        CommandLineCase{"a.wav\tb.wav", {"a.wav\tb.wav"}},
-        CommandLineCase{"x\"y z\"w", {"xy z", "w"}}));
 
 TEST(ParseCommandLineEmpty, LeavesTheListAlone) {
   FileList list({"earlier"});

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "fakes/fake_environment.h"
@@ -28,31 +29,21 @@ class LanguageObjectTest : public ::testing::Test {
   fakes::FakeUserInterface ui;
 };
 
-struct FormatCase {
-  const char* name;
-  std::string value;
-  std::vector<std::string> arguments;
-  std::string expected;
-};
-
-class FormatMsgTest : public LanguageObjectTest,
-                      public ::testing::WithParamInterface<FormatCase> {};
-
-TEST_P(FormatMsgTest, FillsArgumentsAndEscapes) {
-  const auto language = Load("908=" + GetParam().value + "\n");
-  EXPECT_EQ(language.FormatMsg("908", GetParam().arguments), GetParam().expected)
-      << GetParam().name;
+TEST_F(LanguageObjectTest, FormatMsgFillsArgumentsAndEscapes) {
+  // The entry's value, the arguments, the message.
+  const std::tuple<std::string, std::vector<std::string>, std::string> cases[] = {
+      {"Error %1 here", {}, "Error %1 here"},  // no arguments keep %1
+      {"%1-%1-%2", {"a", "b"}, "a-a-b"},
+      {"x\\ny%1", {"\\r"}, "x\ny\r"},  // escapes after arguments
+      {"Wave%1*.wav%1%1", {"\0"s}, "Wave\0*.wav\0\0"s},
+      {"%1 %2", {"%2", "z"}, "z z"},  // an argument holding a later number
+      {"Text|Tip", {}, "Text"},
+      {":27100", {}, ":27100"},  // a redirect is not followed
+  };
+  for (const auto& [value, arguments, expected] : cases) {
+    EXPECT_EQ(Load("908=" + value + "\n").FormatMsg("908", arguments), expected) << value;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, FormatMsgTest,
-    ::testing::Values(FormatCase{"no arguments keep %1", "Error %1 here", {}, "Error %1 here"},
-                      FormatCase{"every occurrence", "%1-%1-%2", {"a", "b"}, "a-a-b"},
-                      FormatCase{"escapes after arguments", "x\\ny%1", {"\\r"}, "x\ny\r"},
-                      FormatCase{"nul argument", "Wave%1*.wav%1%1", {"\0"s}, "Wave\0*.wav\0\0"s},
-                      FormatCase{"argument holding a later number", "%1 %2", {"%2", "z"}, "z z"},
-                      FormatCase{"tip part is not used", "Text|Tip", {}, "Text"},
-                      FormatCase{"redirect is not followed", ":27100", {}, ":27100"}));
 
 TEST_F(LanguageObjectTest, MissingKeyOrLanguageGivesEmptyText) {
   EXPECT_EQ(Load("908=x\n").FormatMsg("909"), "");

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "shell/main_window_fixture.h"
@@ -12,36 +14,23 @@ using namespace std::string_literals;
 
 // --- file dialog ---
 
-struct DialogCase {
-  const char* name;
-  std::string answer;
-  std::vector<std::string> expected;
-};
-
-class FileDialogTest : public MainWindowTest, public ::testing::WithParamInterface<DialogCase> {};
-
-TEST_P(FileDialogTest, TheAnswerReplacesTheSelection) {
+TEST_F(MainWindowTest, TheFileDialogsAnswerReplacesTheSelection) {
+  const std::pair<std::string, std::vector<std::string>> cases[] = {
+      {"/rec/a.wav\0\0"s, {"/rec/a.wav"}},
+      {"/rec\0a.wav\0b c.wav\0z.WAV\0\0"s, {"/rec/a.wav", "/rec/b c.wav", "/rec/z.WAV"}},
+      {"/\0a.wav\0b.wav\0\0"s, {"//a.wav", "//b.wav"}},    // the root folder doubles the separator
+      {"/rec/a.wav\0\0/old\0x.wav\0\0"s, {"/rec/a.wav"}},  // nothing after the double NUL
+      {"/rec/a.wav"s, {"/rec/a.wav"}},                     // without its closing NULs
+      {"/rec\0a.wav\0"s, {"/rec/a.wav"}},                  // several with one closing NUL
+  };
   Loaded();
-  program.file_list.Replace({"/earlier.wav", "/more.wav"});
-  ui.dialog_answer = GetParam().answer;
-  window->Click(Get("cmdSelectFile"));
-  EXPECT_EQ(program.file_list.Items(), GetParam().expected) << GetParam().name;
+  for (const auto& [answer, expected] : cases) {
+    program.file_list.Replace({"/earlier.wav", "/more.wav"});
+    ui.dialog_answer = answer;
+    window->Click(Get("cmdSelectFile"));
+    EXPECT_EQ(program.file_list.Items(), expected) << expected.front();
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, FileDialogTest,
-    ::testing::Values(
-        DialogCase{"one file", "/rec/a.wav\0\0"s, {"/rec/a.wav"}},
-        DialogCase{"three files",
-                   "/rec\0a.wav\0b c.wav\0z.WAV\0\0"s,
-                   {"/rec/a.wav", "/rec/b c.wav", "/rec/z.WAV"}},
-        DialogCase{
-            "root folder doubles the separator", "/\0a.wav\0b.wav\0\0"s, {"//a.wav", "//b.wav"}},
-        DialogCase{"what follows the double NUL is not read",
-                   "/rec/a.wav\0\0/old\0x.wav\0\0"s,
-                   {"/rec/a.wav"}},
-        DialogCase{"answer without its closing NULs", "/rec/a.wav"s, {"/rec/a.wav"}},
-        DialogCase{"several with one closing NUL", "/rec\0a.wav\0"s, {"/rec/a.wav"}}));
 
 TEST_F(MainWindowTest, TheDialogIsAskedForLocalisedFilterAndTitleInTheTemporaryFolder) {
   Loaded();
@@ -68,36 +57,23 @@ TEST_F(MainWindowTest, ACancelledDialogKeepsTheSelection) {
 
 // --- drops ---
 
-struct DropCase {
-  const char* name;
-  const char* target;
-  int index;
-  std::vector<std::string> dropped;
-  std::vector<std::string> expected;
-  int beeps;
-};
-
-class DropTest : public MainWindowTest, public ::testing::WithParamInterface<DropCase> {};
-
-TEST_P(DropTest, DroppedNamesReplaceTheSelectionAndNoneBeep) {
+TEST_F(MainWindowTest, DroppedNamesReplaceTheSelectionAndNoneBeep) {
   Loaded();
-  program.file_list.Replace({"/earlier.wav"});
-  Control* target = GetParam().target ? &Get(GetParam().target, GetParam().index) : nullptr;
-  window->DragDrop(target, GetParam().dropped);
-  EXPECT_EQ(program.file_list.Items(), GetParam().expected) << GetParam().name;
-  EXPECT_EQ(ui.beeps, GetParam().beeps) << GetParam().name;
+  // The target (nothing: the window itself), the names dropped.
+  const std::pair<Control*, std::vector<std::string>> cases[] = {
+      {nullptr, {"/r/b.wav", "/r/a.wav"}},
+      {&Get("imgIcon", 0), {"/r/x.mp3"}},
+      {&Get("imgIcon", 0), {}},
+  };
+  for (const auto& [target, dropped] : cases) {
+    program.file_list.Replace({"/earlier.wav"});
+    const int beeps = ui.beeps;
+    window->DragDrop(target, dropped);
+    EXPECT_EQ(program.file_list.Items(),
+              dropped.empty() ? std::vector<std::string>{"/earlier.wav"} : dropped);
+    EXPECT_EQ(ui.beeps - beeps, dropped.empty() ? 1 : 0);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, DropTest,
-    ::testing::Values(
-        DropCase{
-            "on the window", nullptr, -1, {"/r/b.wav", "/r/a.wav"}, {"/r/b.wav", "/r/a.wav"}, 0},
-        DropCase{"on the panel", "picOptions", -1, {"/r/a.wav"}, {"/r/a.wav"}, 0},
-        DropCase{"on the about line", "Label1", 33, {"/r/dir"}, {"/r/dir"}, 0},
-        DropCase{"on the icon", "imgIcon", 0, {"/r/x.mp3"}, {"/r/x.mp3"}, 0},
-        DropCase{"no file names", "imgIcon", 0, {}, {"/earlier.wav"}, 1},
-        DropCase{"no file names on the window", nullptr, -1, {}, {"/earlier.wav"}, 1}));
 
 TEST_F(MainWindowTest, TheDropTargetsAreThoseThatAcceptFiles) {
   Window();
@@ -190,29 +166,24 @@ INSTANTIATE_TEST_SUITE_P(Table, DelTempClickTest,
 
 // --- links and help ---
 
-struct LinkCase {
-  const char* control;
-  int index;
-  std::string address;
-};
-
-class LinkTest : public MainWindowTest, public ::testing::WithParamInterface<LinkCase> {};
-
-TEST_P(LinkTest, ClickingOpensTheLocalisedAddress) {
+TEST_F(MainWindowTest, LinksOpenTheLocalisedAddress) {
   Loaded();
-  window->Click(Get(GetParam().control, GetParam().index));
-  ASSERT_EQ(processes.shell.size(), 1u) << GetParam().control;
-  EXPECT_EQ(processes.shell[0].file, GetParam().address);
-  EXPECT_EQ(processes.shell[0].parameters, "");
-  EXPECT_EQ(processes.shell[0].directory, "");
-  EXPECT_EQ(processes.shell[0].show_state, 1);
+  const std::tuple<const char*, int, const char*> cases[] = {
+      {"lblHomePage", -1, "https://home.test/"},
+      {"imgIcon", 0, "https://home.test/"},
+      {"lblMailTo", -1, "mailto:team@home.test"},
+  };
+  for (const auto& [control, index, address] : cases) {
+    processes.shell.clear();
+    window->Click(Get(control, index));
+    ASSERT_EQ(processes.shell.size(), 1u) << control;
+    EXPECT_EQ(processes.shell[0].file, address);
+    EXPECT_EQ(processes.shell[0].parameters, "");
+    EXPECT_EQ(processes.shell[0].directory, "");
+    EXPECT_EQ(processes.shell[0].show_state, 1);
+  }
   EXPECT_TRUE(assistant.pages.empty());
 }
-
-INSTANTIATE_TEST_SUITE_P(Table, LinkTest,
-                         ::testing::Values(LinkCase{"lblHomePage", -1, "https://home.test/"},
-                                           LinkCase{"imgIcon", 0, "https://home.test/"},
-                                           LinkCase{"lblMailTo", -1, "mailto:team@home.test"}));
 
 TEST_F(MainWindowTest, TheHelpLineAsksForTheOnlineHelpPageOfTheWindow) {
   Loaded();
@@ -223,43 +194,29 @@ TEST_F(MainWindowTest, TheHelpLineAsksForTheOnlineHelpPageOfTheWindow) {
   EXPECT_TRUE(processes.shell.empty());
 }
 
-struct KeyCase {
-  const char* name;
-  int key;
-  int shift;
-  bool consumed;
-  std::string page;
-  bool online;
-};
-
-class KeyTest : public MainWindowTest, public ::testing::WithParamInterface<KeyCase> {};
-
-TEST_P(KeyTest, HelpKeysAreTakenFromTheControls) {
+TEST_F(MainWindowTest, HelpKeysAreTakenFromTheControls) {
   Loaded();
-  int key = GetParam().key;
-  window->KeyDown(key, GetParam().shift);
-  EXPECT_EQ(key, GetParam().consumed ? 0 : GetParam().key) << GetParam().name;
-  if (!GetParam().consumed) {
-    EXPECT_TRUE(assistant.pages.empty()) << GetParam().name;
-    return;
+  // Key and shift state; the page asked for (none: the key passes on) and whether online.
+  const std::tuple<int, int, const char*, bool> cases[] = {
+      {kKeyF1, 0, "encode.htm", true},
+      {kKeyF1, kAltMask, "encode.htm", false},
+      {kKeyF2, 0, "wizard.htm", true},
+      {kKeyF2, kAltMask, "wizard.htm", false},
+      {kKeyF3, kAltMask, "search.htm", true},
+      {kKeyF12, kAltMask, "encode.htm", true},
+      {115, 0, nullptr, false},  // F4
+  };
+  for (const auto& [pressed, shift, page, online] : cases) {
+    assistant.pages.clear();
+    int key = pressed;
+    window->KeyDown(key, shift);
+    EXPECT_EQ(key, page ? 0 : pressed) << pressed << " " << shift;
+    ASSERT_EQ(assistant.pages.size(), page ? 1u : 0u) << pressed << " " << shift;
+    if (!page) continue;
+    EXPECT_EQ(assistant.pages[0].page, page);
+    EXPECT_EQ(assistant.pages[0].online, online) << pressed << " " << shift;
   }
-  ASSERT_EQ(assistant.pages.size(), 1u) << GetParam().name;
-  EXPECT_EQ(assistant.pages[0].page, GetParam().page) << GetParam().name;
-  EXPECT_EQ(assistant.pages[0].online, GetParam().online) << GetParam().name;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, KeyTest,
-    ::testing::Values(KeyCase{"F1", kKeyF1, 0, true, "encode.htm", true},
-                      KeyCase{"Alt+F1", kKeyF1, kAltMask, true, "encode.htm", false},
-                      KeyCase{"Shift+Ctrl+F1", kKeyF1, kShiftMask | kCtrlMask, true, "encode.htm",
-                              true},
-                      KeyCase{"F2", kKeyF2, 0, true, "wizard.htm", true},
-                      KeyCase{"Alt+F2", kKeyF2, kAltMask, true, "wizard.htm", false},
-                      KeyCase{"Alt+F3", kKeyF3, kAltMask, true, "search.htm", true},
-                      KeyCase{"Alt+F12", kKeyF12, kAltMask, true, "encode.htm", true},
-                      KeyCase{"F4", 115, 0, false, "", false},
-                      KeyCase{"letter A", 65, 0, false, "", false}));
 
 TEST_F(MainWindowTest, HelpKeysAreConsumedEvenWithoutAnAssistantWindow) {
   Loaded();

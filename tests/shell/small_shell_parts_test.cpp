@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "fakes/fake_user_interface.h"
@@ -12,51 +14,33 @@
 namespace wavforge {
 namespace {
 
-struct VersionCase {
-  std::string dotted;
-  std::string label;
-};
-
-class VersionLabelTest : public ::testing::TestWithParam<VersionCase> {};
-
-TEST_P(VersionLabelTest, ShowsThreeNumbersWithoutLeadingZeros) {
-  EXPECT_EQ(VersionLabel(GetParam().dotted), GetParam().label) << GetParam().dotted;
+TEST(VersionLabelTest, ShowsThreeNumbersWithoutLeadingZeros) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"2.04.0069", "2.4.69"}, {"10.20.300.7", "10.20.300"}, {"3", "3.0.0"},
+      {"1.2", "1.2.0"},        {"1.2.3-rc1", "1.2.3"},       {"", "0.0.0"},
+  };
+  for (const auto& [dotted, label] : cases) EXPECT_EQ(VersionLabel(dotted), label) << dotted;
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, VersionLabelTest,
-                         ::testing::Values(VersionCase{"2.04.0069", "2.4.69"},
-                                           VersionCase{"0.1.0", "0.1.0"},
-                                           VersionCase{"10.20.300.7", "10.20.300"},
-                                           VersionCase{"3", "3.0.0"}, VersionCase{"1.2", "1.2.0"},
-                                           VersionCase{"1.2.3-rc1", "1.2.3"},
-                                           VersionCase{"", "0.0.0"}));
-
-struct PointerCase {
-  const char* name;
-  int before;
-  std::vector<int> substitutes;
-  std::vector<int> changes;
-};
-
-class MousePointerTest : public ::testing::TestWithParam<PointerCase> {};
-
-TEST_P(MousePointerTest, TheGuardPutsBackWhatTheScreenShowedBefore) {
-  fakes::FakeUserInterface ui;
-  ui.pointer = GetParam().before;
-  {
-    clsMousePointer guard(ui);
-    EXPECT_EQ(ui.pointer, platform::kHourglassPointer) << GetParam().name;
-    for (const int code : GetParam().substitutes) guard.SetMousePointer(code);
+TEST(MousePointerTest, TheGuardPutsBackWhatTheScreenShowedBefore) {
+  // The pointer before, the codes substituted while the guard lives, every change seen.
+  const std::tuple<int, std::vector<int>, std::vector<int>> cases[] = {
+      {0, {}, {11, 0}},
+      {99, {}, {11, 99}},
+      {1, {2, 12}, {11, 2, 12, 1}},
+  };
+  for (const auto& [before, substitutes, changes] : cases) {
+    fakes::FakeUserInterface ui;
+    ui.pointer = before;
+    {
+      clsMousePointer guard(ui);
+      EXPECT_EQ(ui.pointer, platform::kHourglassPointer);
+      for (const int code : substitutes) guard.SetMousePointer(code);
+    }
+    EXPECT_EQ(ui.pointer_changes, changes) << before;
+    EXPECT_EQ(ui.pointer, before);
   }
-  EXPECT_EQ(ui.pointer_changes, GetParam().changes) << GetParam().name;
-  EXPECT_EQ(ui.pointer, GetParam().before) << GetParam().name;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, MousePointerTest,
-    ::testing::Values(PointerCase{"default", 0, {}, {11, 0}},
-                      PointerCase{"custom before", 99, {}, {11, 99}},
-                      PointerCase{"substituted while alive", 1, {2, 12}, {11, 2, 12, 1}}));
 
 TEST(MousePointerDefaultTest, SubstitutingWithoutACodeShowsTheHourglass) {
   fakes::FakeUserInterface ui;

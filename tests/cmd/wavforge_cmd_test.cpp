@@ -11,16 +11,24 @@
 #include <thread>
 #include <tuple>
 
-#include "cmd/interpreter_process.h"
 #include "platform/posix/console_title.h"
 #include "support/isolated_home.h"
+#include "support/run_process.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-using testing_support::InterpreterProcess;
-using testing_support::InterpreterRun;
-using testing_support::RunInterpreter;
+using testing_support::ChildProcess;
+using testing_support::ProcessResult;
+
+std::vector<std::string> CmdLine(std::vector<std::string> arguments) {
+  arguments.insert(arguments.begin(), WAVFORGE_CMD_PATH);
+  return arguments;
+}
+
+ProcessResult RunInterpreter(const std::vector<std::string>& arguments, const fs::path& folder) {
+  return testing_support::RunProcess(CmdLine(arguments), folder);
+}
 
 constexpr const char* kNotRecognized =
     "' is not recognized as an internal or external command,\noperable program or batch file.\n";
@@ -36,7 +44,7 @@ using Files = std::vector<std::pair<std::string, std::string>>;
 
 // What a run leaves: "output|errors|files", the files of its folder sorted, each with "=" and
 // its content when it has any; the script is listed by name only.
-std::string Observe(const InterpreterRun& run, const fs::path& folder) {
+std::string Observe(const ProcessResult& run, const fs::path& folder) {
   std::vector<std::string> files;
   for (const auto& entry : fs::recursive_directory_iterator(folder)) {
     if (!entry.is_regular_file()) continue;
@@ -45,7 +53,7 @@ std::string Observe(const InterpreterRun& run, const fs::path& folder) {
     files.push_back(name == "job.bat" || content.empty() ? name : name + "=" + content);
   }
   std::sort(files.begin(), files.end());
-  std::string text = ReplaceAll(run.output, folder.string(), "{dir}") + "|" + run.errors + "|";
+  std::string text = ReplaceAll(run.out, folder.string(), "{dir}") + "|" + run.err + "|";
   for (const std::string& file : files) text += (text.back() == '|' ? "" : ";") + file;
   return text;
 }
@@ -185,12 +193,12 @@ std::optional<std::string> AwaitTitle(pid_t pid) {
 
 TEST_F(WavforgeCmdTest, TitleIsVisibleWhileALongCommandRunsAndGoneAfterwards) {
   const fs::path script = WriteScript("title Larkspur Encoder\r\n@sleep 1\r\n@echo done\r\n");
-  InterpreterProcess process({script.string()}, Folder());
+  ChildProcess process(CmdLine({script.string()}), Folder());
   const pid_t pid = process.Pid();
   EXPECT_EQ(AwaitTitle(pid), "Larkspur Encoder");
-  const InterpreterRun run = process.Wait();
+  const ProcessResult run = process.Wait();
   EXPECT_EQ(run.exit_code, 0);
-  EXPECT_EQ(run.output, "\n" + Folder().string() + ">title Larkspur Encoder\ndone\n");
+  EXPECT_EQ(run.out, "\n" + Folder().string() + ">title Larkspur Encoder\ndone\n");
   EXPECT_EQ(platform::posix::ReadConsoleTitle(pid), std::nullopt);
 }
 
@@ -198,7 +206,7 @@ TEST_F(WavforgeCmdTest, TitleStaysWhereItWasWhenTheScriptMovesTheTemporaryFolder
   const fs::path script = WriteScript("@set XDG_RUNTIME_DIR=" + (Root() / "moved").string() +
                                       "\r\n@set TMPDIR=" + (Root() / "moved").string() +
                                       "\r\n@title Larkspur Encoder\r\n@sleep 1\r\n");
-  InterpreterProcess process({script.string()}, Folder());
+  ChildProcess process(CmdLine({script.string()}), Folder());
   const pid_t pid = process.Pid();
   EXPECT_EQ(AwaitTitle(pid), "Larkspur Encoder");
   process.Wait();
@@ -211,11 +219,11 @@ class WavforgeCmdSignalTest : public WavforgeCmdTest, public ::testing::WithPara
 TEST_P(WavforgeCmdSignalTest, EndingSignalRemovesTheTitle) {
   const fs::path script =
       WriteScript("@title Larkspur Encoder\r\n@sleep 2\r\n@echo late>late.txt\r\n");
-  InterpreterProcess process({script.string()}, Folder());
+  ChildProcess process(CmdLine({script.string()}), Folder());
   const pid_t pid = process.Pid();
   ASSERT_EQ(AwaitTitle(pid), "Larkspur Encoder");
   kill(pid, GetParam());
-  const InterpreterRun run = process.Wait();
+  const ProcessResult run = process.Wait();
   EXPECT_EQ(run.signal, GetParam());
   EXPECT_EQ(platform::posix::ReadConsoleTitle(pid), std::nullopt);
   EXPECT_FALSE(fs::exists(platform::posix::ConsoleTitleTemporaryPath(pid)));
@@ -233,10 +241,10 @@ TEST_F(WavforgeCmdTest, StartWaitsOnlyWhenAsked) {
   for (const auto& [line, min_seconds, max_seconds] : cases) {
     const fs::path script = WriteScript(std::string("@") + line + "\r\n");
     const auto begin = std::chrono::steady_clock::now();
-    const InterpreterRun run = RunInterpreter({script.string()}, Folder());
+    const ProcessResult run = RunInterpreter({script.string()}, Folder());
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
     EXPECT_EQ(run.exit_code, 0) << line;
-    EXPECT_EQ(run.errors, "") << line;
+    EXPECT_EQ(run.err, "") << line;
     EXPECT_GE(took.count(), min_seconds) << line;
     EXPECT_LT(took.count(), max_seconds) << line;
   }
@@ -245,8 +253,8 @@ TEST_F(WavforgeCmdTest, StartWaitsOnlyWhenAsked) {
 TEST_F(WavforgeCmdTest, StartedProgramRunsInTheFolderGiven) {
   fs::create_directories(Folder() / "out");
   const fs::path script = WriteScript("@start /min /d out sh -c \"pwd > started.txt\"\r\n");
-  const InterpreterRun run = RunInterpreter({script.string()}, Folder());
-  EXPECT_EQ(run.errors, "");
+  const ProcessResult run = RunInterpreter({script.string()}, Folder());
+  EXPECT_EQ(run.err, "");
   const fs::path marker = Folder() / "out" / "started.txt";
   for (int i = 0; i < 250 && testing_support::ReadFile(marker).empty(); ++i) {
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
@@ -269,8 +277,8 @@ TEST_F(WavforgeCmdTest, RunsOneCommandLine) {
   };
   setenv("WF_TEST_VALUE", "val", 1);
   for (const auto& [arguments, expected] : cases) {
-    const InterpreterRun run = RunInterpreter(arguments, Folder());
-    EXPECT_EQ(std::to_string(run.exit_code) + "|" + run.output + "|" + run.errors, expected);
+    const ProcessResult run = RunInterpreter(arguments, Folder());
+    EXPECT_EQ(std::to_string(run.exit_code) + "|" + run.out + "|" + run.err, expected);
   }
 }
 

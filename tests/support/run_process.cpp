@@ -1,64 +1,70 @@
 #include "support/run_process.h"
 
 #include <fcntl.h>
-#include <poll.h>
-#include <spawn.h>
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <stdexcept>
 
-extern char** environ;
-
 namespace testing_support {
+namespace {
 
-ProcessResult RunProcess(const std::vector<std::string>& argv) {
-  int out_pipe[2];
-  int err_pipe[2];
-  if (pipe2(out_pipe, O_CLOEXEC) != 0 || pipe2(err_pipe, O_CLOEXEC) != 0) {
-    throw std::runtime_error("pipe failed");
+std::string ReadAll(int fd) {
+  std::string text;
+  char buffer[4096];
+  ssize_t n = 0;
+  for (off_t at = 0; (n = pread(fd, buffer, sizeof buffer, at)) > 0; at += n) {
+    text.append(buffer, static_cast<std::size_t>(n));
   }
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_adddup2(&actions, out_pipe[1], 1);
-  posix_spawn_file_actions_adddup2(&actions, err_pipe[1], 2);
+  close(fd);
+  return text;
+}
+
+}  // namespace
+
+ChildProcess::ChildProcess(const std::vector<std::string>& argv,
+                           const std::filesystem::path& folder)
+    : out_(memfd_create("out", 0)), err_(memfd_create("err", 0)) {
   std::vector<char*> args;
   for (const auto& arg : argv) args.push_back(const_cast<char*>(arg.c_str()));
   args.push_back(nullptr);
-  pid_t pid = 0;
-  const int spawned = posix_spawn(&pid, args[0], &actions, nullptr, args.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
-  close(out_pipe[1]);
-  close(err_pipe[1]);
-  if (spawned != 0) {
-    close(out_pipe[0]);
-    close(err_pipe[0]);
-    throw std::runtime_error("cannot start " + argv[0]);
+  if (out_ < 0 || err_ < 0 || (pid_ = fork()) < 0) throw std::runtime_error("cannot start");
+  if (pid_ == 0) {
+    const int in = open("/dev/null", O_RDONLY);
+    if (in < 0 || chdir(folder.c_str()) != 0) _exit(120);
+    dup2(in, 0);
+    dup2(out_, 1);
+    dup2(err_, 2);
+    execv(args[0], args.data());
+    _exit(121);
   }
+}
 
+ChildProcess::~ChildProcess() {
+  if (pid_ > 0) Wait();
+}
+
+ProcessResult ChildProcess::Wait() {
   ProcessResult result;
-  pollfd fds[2] = {{out_pipe[0], POLLIN, 0}, {err_pipe[0], POLLIN, 0}};
-  std::string* sinks[2] = {&result.out, &result.err};
-  int open_pipes = 2;
-  while (open_pipes > 0) {
-    if (poll(fds, 2, -1) < 0) break;
-    for (int i = 0; i < 2; ++i) {
-      if (fds[i].fd < 0 || !(fds[i].revents & (POLLIN | POLLHUP))) continue;
-      char buffer[4096];
-      const ssize_t n = read(fds[i].fd, buffer, sizeof buffer);
-      if (n > 0) {
-        sinks[i]->append(buffer, static_cast<std::size_t>(n));
-      } else {
-        close(fds[i].fd);
-        fds[i].fd = -1;
-        --open_pipes;
-      }
-    }
-  }
   int status = 0;
-  waitpid(pid, &status, 0);
-  result.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  while (waitpid(pid_, &status, 0) < 0 && errno == EINTR) {
+  }
+  pid_ = -1;
+  if (WIFEXITED(status)) result.exit_code = WEXITSTATUS(status);
+  if (WIFSIGNALED(status)) {
+    result.signal = WTERMSIG(status);
+    result.exit_code = 128 + result.signal;
+  }
+  result.out = ReadAll(out_);
+  result.err = ReadAll(err_);
   return result;
+}
+
+ProcessResult RunProcess(const std::vector<std::string>& argv,
+                         const std::filesystem::path& folder) {
+  return ChildProcess(argv, folder).Wait();
 }
 
 }  // namespace testing_support

@@ -214,24 +214,20 @@ TEST_F(WavforgeCmdTest, TitleStaysWhereItWasWhenTheScriptMovesTheTemporaryFolder
   EXPECT_FALSE(fs::exists(Root() / "moved"));
 }
 
-class WavforgeCmdSignalTest : public WavforgeCmdTest, public ::testing::WithParamInterface<int> {};
-
-TEST_P(WavforgeCmdSignalTest, EndingSignalRemovesTheTitle) {
+TEST_F(WavforgeCmdTest, EndingSignalRemovesTheTitle) {
   const fs::path script =
       WriteScript("@title Larkspur Encoder\r\n@sleep 2\r\n@echo late>late.txt\r\n");
-  ChildProcess process(CmdLine({script.string()}), Folder());
-  const pid_t pid = process.Pid();
-  ASSERT_EQ(AwaitTitle(pid), "Larkspur Encoder");
-  kill(pid, GetParam());
-  const ProcessResult run = process.Wait();
-  EXPECT_EQ(run.signal, GetParam());
-  EXPECT_EQ(platform::posix::ReadConsoleTitle(pid), std::nullopt);
-  EXPECT_FALSE(fs::exists(platform::posix::ConsoleTitleTemporaryPath(pid)));
-  EXPECT_FALSE(fs::exists(Folder() / "late.txt"));
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    ChildProcess process(CmdLine({script.string()}), Folder());
+    const pid_t pid = process.Pid();
+    ASSERT_EQ(AwaitTitle(pid), "Larkspur Encoder") << signal;
+    kill(pid, signal);
+    EXPECT_EQ(process.Wait().signal, signal);
+    EXPECT_EQ(platform::posix::ReadConsoleTitle(pid), std::nullopt) << signal;
+    EXPECT_FALSE(fs::exists(platform::posix::ConsoleTitleTemporaryPath(pid))) << signal;
+    EXPECT_FALSE(fs::exists(Folder() / "late.txt")) << signal;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Signals, WavforgeCmdSignalTest,
-                         ::testing::Values(SIGTERM, SIGINT, SIGHUP));
 
 TEST_F(WavforgeCmdTest, StartWaitsOnlyWhenAsked) {
   const std::tuple<const char*, double, double> cases[] = {

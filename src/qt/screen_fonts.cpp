@@ -17,12 +17,12 @@ void AddFontSubstitutes() {
       QStringList{QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans")});
 }
 
-QFont ScreenFont(const FontSpec& spec) {
-  QFont font(QString::fromStdString(spec.Name));
-  if (spec.Size > 0) font.setPointSizeF(spec.Size);
-  font.setBold(spec.Bold);
-  font.setItalic(spec.Italic);
-  font.setUnderline(spec.Underline);
+QFont ScreenFont(const FontSpec& design_font) {
+  QFont font(QString::fromStdString(design_font.Name));
+  if (design_font.Size > 0) font.setPointSizeF(design_font.Size);
+  font.setBold(design_font.Bold);
+  font.setItalic(design_font.Italic);
+  font.setUnderline(design_font.Underline);
   return font;
 }
 

@@ -12,6 +12,6 @@ namespace wavforge::qt {
 void AddFontSubstitutes();
 
 // A form font as the toolkit's, size in points.
-QFont ScreenFont(const FontSpec& spec);
+QFont ScreenFont(const FontSpec& design_font);
 
 }  // namespace wavforge::qt

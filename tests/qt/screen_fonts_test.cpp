@@ -16,12 +16,12 @@ class ScreenFontTest : public ::testing::TestWithParam<FontCase> {};
 
 // The main window names Windows fonts; the screen shows them or the free font standing in.
 TEST_P(ScreenFontTest, WindowsFontsComeOutAsThemselvesOrTheirStandIn) {
-  FontSpec spec;
-  spec.Name = GetParam().form_font;
-  spec.Size = 9.75;
-  spec.Bold = true;
-  spec.Underline = true;
-  const QFont font = ScreenFont(spec);
+  FontSpec design_font;
+  design_font.Name = GetParam().form_font;
+  design_font.Size = 9.75;
+  design_font.Bold = true;
+  design_font.Underline = true;
+  const QFont font = ScreenFont(design_font);
   const QString family = QFontInfo(font).family();
   EXPECT_TRUE(family == QString::fromUtf8(GetParam().form_font) ||
               family == QString::fromUtf8(GetParam().stand_in))

@@ -6,15 +6,8 @@
 #include <tuple>
 #include <vector>
 
-#include "fakes/fake_clock.h"
-#include "fakes/fake_environment.h"
-#include "fakes/fake_file_system.h"
-#include "fakes/fake_processes.h"
-#include "fakes/fake_registry.h"
+#include "fakes/fake_ports.h"
 #include "fakes/fake_user_interface.h"
-#include "fakes/fake_window_search.h"
-#include "fakes/memory_binary_files.h"
-#include "fakes/memory_profile_reader.h"
 #include "support/riff_builder.h"
 
 namespace wavforge {
@@ -29,7 +22,7 @@ constexpr const char* kScript = "/tmp/t/Larkspur140510.bat";
 constexpr const char* kLog = "/home/u/.config/Larkspur/20261119.log";
 
 // A whole program around one job: settings and fix file in memory, sources as RIFF bytes.
-class EncodeJobTest : public ::testing::Test {
+class EncodeJobTest : public ::testing::Test, protected fakes::FakePorts {
  protected:
   EncodeJobTest() {
     environment.folders = {{13, "/home/u/Music"}, {26, "/home/u/.config"}, {0, "/home/u/Desktop"}};
@@ -57,17 +50,7 @@ class EncodeJobTest : public ::testing::Test {
   }
   JobOutcome Run() { return job.EncodeJob(selection); }
 
-  fakes::FakeEnvironment environment;
-  fakes::FakeFileSystem files;
-  fakes::MemoryProfileReader profiles;
-  fakes::FakeRegistry registry;
-  fakes::FakeClock clock{{2026, 11, 19, 14, 5, 10}};
-  fakes::MemoryBinaryFiles binary_files;
-  fakes::FakeProcesses processes;
-  fakes::FakeWindowSearch windows;
   fakes::FakeUserInterface ui;
-  platform::Ports ports{environment, files,        profiles,  registry,
-                        clock,       binary_files, processes, windows};
   Settings settings;
   SettingsLoader loader{ports};
   LanguageObject language{settings, ports, ui};

@@ -5,15 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "fakes/fake_clock.h"
-#include "fakes/fake_environment.h"
-#include "fakes/fake_file_system.h"
-#include "fakes/fake_processes.h"
-#include "fakes/fake_registry.h"
+#include "fakes/fake_ports.h"
 #include "fakes/fake_user_interface.h"
-#include "fakes/fake_window_search.h"
-#include "fakes/memory_binary_files.h"
-#include "fakes/memory_profile_reader.h"
 #include "shell/frm_main.h"
 
 namespace wavforge::testing_main {
@@ -37,7 +30,7 @@ class RecordingAssistant final : public AssistantWindow {
 
 // The main window on fakes: settings, fix and language file in memory, a temporary folder
 // /tmp/t, a common data folder /srv/common.
-class MainWindowTest : public ::testing::Test {
+class MainWindowTest : public ::testing::Test, protected fakes::FakePorts {
  protected:
   MainWindowTest() {
     environment.folders = {{13, "/home/u/Music"}, {26, "/home/u/.config"}, {35, "/srv/common"}};
@@ -80,17 +73,7 @@ class MainWindowTest : public ::testing::Test {
   }
   void Tick() { window->Timer(Get("tmrStillWorking")); }
 
-  fakes::FakeEnvironment environment;
-  fakes::FakeFileSystem files;
-  fakes::MemoryProfileReader profiles;
-  fakes::FakeRegistry registry;
-  fakes::FakeClock clock{{2026, 11, 19, 14, 5, 10}};
-  fakes::MemoryBinaryFiles binary_files;
-  fakes::FakeProcesses processes;
-  fakes::FakeWindowSearch windows;
   fakes::FakeUserInterface ui;
-  platform::Ports ports{environment, files,        profiles,  registry,
-                        clock,       binary_files, processes, windows};
   ProgramObjects program{ports, ui};
   RecordingAssistant assistant;
   std::unique_ptr<frmMain> window;

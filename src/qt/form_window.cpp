@@ -85,9 +85,8 @@ void FormWindow::Build() {
           edit->setFocusPolicy(Qt::NoFocus);
           edit->setTextMargins(0, 0, 0, 0);
         }
-        QObject::connect(edit, &QLineEdit::textEdited, this, [this, &control](const QString& text) {
-          control.Text = text.toStdString();
-        });
+        QObject::connect(edit, &QLineEdit::textEdited, this,
+                         [&control](const QString& text) { control.Text = text.toStdString(); });
         item.widget = edit;
         break;
       }

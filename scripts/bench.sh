@@ -5,9 +5,7 @@
 # Arguments go to wavforge_bench, e.g. --benchmark_filter=JobWatch or --recordings=1000.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-./scripts/setup.sh
-cmake --preset release >/dev/null
-cmake --build --preset release
+. scripts/build-release.sh
 
 echo
 echo "Machine: $(nproc) CPUs,$(grep -m1 '^model name' /proc/cpuinfo | cut -d: -f2-)," \

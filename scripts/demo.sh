@@ -4,9 +4,7 @@
 # build/demo with a private home; the user's own home is not touched.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-./scripts/setup.sh
-cmake --preset release >/dev/null
-cmake --build --preset release
+. scripts/build-release.sh
 
 cli="$PWD/build/release/program/wavforge-cli"
 sample="$PWD/build/release/tools/wavforge-sample-wav"

@@ -6,9 +6,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 if [ "${1:-}" != "--no-build" ]; then
-  ./scripts/setup.sh
-  cmake --preset release >/dev/null
-  cmake --build --preset release
+  . scripts/build-release.sh
 fi
 program="$PWD/build/release/program/wavforge"
 . scripts/private_home.sh "$PWD/build/measure"

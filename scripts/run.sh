@@ -4,9 +4,7 @@
 # xvfb-run, where nothing can be seen; close it with Ctrl+C.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-./scripts/setup.sh
-cmake --preset release >/dev/null
-cmake --build --preset release
+. scripts/build-release.sh
 program=build/release/program/wavforge
 if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
   echo "run.sh: no display; starting wavforge under xvfb-run" >&2

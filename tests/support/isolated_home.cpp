@@ -5,30 +5,9 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "support/process_isolation.h"
+
 namespace testing_support {
-namespace {
-
-const char* const kIsolatedVariables[] = {
-    "HOME",
-    "XDG_CONFIG_HOME",
-    "XDG_DATA_HOME",
-    "XDG_CACHE_HOME",
-    "XDG_STATE_HOME",
-    "XDG_DATA_DIRS",
-    "XDG_CONFIG_DIRS",
-    "TMPDIR",
-    "TEMP",
-    "TMP",
-    "XDG_MUSIC_DIR",
-    "XDG_DESKTOP_DIR",
-    "XDG_DOCUMENTS_DIR",
-    "XDG_PICTURES_DIR",
-    "XDG_VIDEOS_DIR",
-    "USERPROFILE",
-    "XDG_RUNTIME_DIR",
-};
-
-}  // namespace
 
 std::filesystem::path MakeTempFolder(const std::string& prefix) {
   const char* tmp = std::getenv("TMPDIR");
@@ -42,21 +21,8 @@ void IsolatedHomeTest::SetUp() {
   for (const char* name : kIsolatedVariables) {
     const char* value = std::getenv(name);
     saved_[name] = value ? std::optional<std::string>(value) : std::nullopt;
-    unsetenv(name);
   }
-  std::filesystem::create_directories(Home());
-  std::filesystem::create_directories(TempFolder());
-  setenv("HOME", Home().c_str(), 1);
-  setenv("XDG_CONFIG_HOME", ConfigHome().c_str(), 1);
-  setenv("XDG_DATA_HOME", (Home() / ".local/share").c_str(), 1);
-  setenv("XDG_CACHE_HOME", (Home() / ".cache").c_str(), 1);
-  setenv("XDG_STATE_HOME", (Home() / ".local/state").c_str(), 1);
-  setenv("XDG_DATA_DIRS", MachineData().c_str(), 1);
-  setenv("XDG_CONFIG_DIRS", (root_ / "etc-xdg").c_str(), 1);
-  setenv("TMPDIR", TempFolder().c_str(), 1);
-  std::filesystem::create_directories(root_ / "run");
-  std::filesystem::permissions(root_ / "run", std::filesystem::perms::owner_all);
-  setenv("XDG_RUNTIME_DIR", (root_ / "run").c_str(), 1);
+  PointEnvironmentAt(root_);
 }
 
 void IsolatedHomeTest::TearDown() {

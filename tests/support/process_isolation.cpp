@@ -6,24 +6,52 @@
 
 namespace testing_support {
 
-std::filesystem::path IsolateProcess() {
-  std::string pattern = std::filesystem::temp_directory_path().string() + "/wavforge-tests-XXXXXX";
+const char* const kIsolatedVariables[17] = {
+    "HOME",
+    "XDG_CONFIG_HOME",
+    "XDG_DATA_HOME",
+    "XDG_CACHE_HOME",
+    "XDG_STATE_HOME",
+    "XDG_DATA_DIRS",
+    "XDG_CONFIG_DIRS",
+    "XDG_RUNTIME_DIR",
+    "TMPDIR",
+    "TEMP",
+    "TMP",
+    "XDG_MUSIC_DIR",
+    "XDG_DESKTOP_DIR",
+    "XDG_DOCUMENTS_DIR",
+    "XDG_PICTURES_DIR",
+    "XDG_VIDEOS_DIR",
+    "USERPROFILE",
+};
+
+void PointEnvironmentAt(const std::filesystem::path& root) {
+  namespace fs = std::filesystem;
+  for (const char* name : kIsolatedVariables) unsetenv(name);
+  const std::pair<const char*, fs::path> folders[] = {
+      {"HOME", root / "home"},
+      {"XDG_CONFIG_HOME", root / "home/.config"},
+      {"XDG_DATA_HOME", root / "home/.local/share"},
+      {"XDG_CACHE_HOME", root / "home/.cache"},
+      {"XDG_STATE_HOME", root / "home/.local/state"},
+      {"XDG_DATA_DIRS", root / "usr-share"},
+      {"XDG_CONFIG_DIRS", root / "etc-xdg"},
+      {"XDG_RUNTIME_DIR", root / "run"},
+      {"TMPDIR", root / "tmp"},
+  };
+  for (const auto& [name, folder] : folders) setenv(name, folder.c_str(), 1);
+  fs::create_directories(root / "home");
+  fs::create_directories(root / "tmp");
+  fs::create_directories(root / "run");
+  fs::permissions(root / "run", fs::perms::owner_all);
+}
+
+std::filesystem::path IsolateProcess(const std::string& prefix) {
+  std::string pattern = std::filesystem::temp_directory_path().string() + "/" + prefix + "XXXXXX";
   if (!mkdtemp(pattern.data())) throw std::runtime_error("cannot make a temporary folder");
-  const std::filesystem::path root = pattern;
-  std::filesystem::create_directories(root / "home");
-  std::filesystem::create_directories(root / "tmp");
-  setenv("HOME", (root / "home").c_str(), 1);
-  setenv("XDG_CONFIG_HOME", (root / "home/.config").c_str(), 1);
-  setenv("XDG_DATA_HOME", (root / "home/.local/share").c_str(), 1);
-  setenv("XDG_CACHE_HOME", (root / "home/.cache").c_str(), 1);
-  setenv("XDG_STATE_HOME", (root / "home/.local/state").c_str(), 1);
-  setenv("XDG_DATA_DIRS", (root / "usr-share").c_str(), 1);
-  setenv("XDG_CONFIG_DIRS", (root / "etc-xdg").c_str(), 1);
-  setenv("TMPDIR", (root / "tmp").c_str(), 1);
-  std::filesystem::create_directories(root / "run");
-  std::filesystem::permissions(root / "run", std::filesystem::perms::owner_all);
-  setenv("XDG_RUNTIME_DIR", (root / "run").c_str(), 1);
-  return root;
+  PointEnvironmentAt(pattern);
+  return pattern;
 }
 
 }  // namespace testing_support

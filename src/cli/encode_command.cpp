@@ -4,11 +4,18 @@
 
 #include "cli/dry_run_ports.h"
 #include "cli/job_follower.h"
+#include "cli/job_plan.h"
 #include "cli/terminal_user_interface.h"
 #include "encoding/encode_job.h"
+#include "platform/path_rules.h"
 #include "shell/tool_path.h"
 
 namespace wavforge::cli {
+namespace {
+
+constexpr int kRefused = 2;
+
+}  // namespace
 
 int RunEncode(const platform::Ports& ports, const std::vector<std::string>& files,
               const EncodeOptions& options, std::ostream& out, std::ostream& err) {
@@ -26,18 +33,35 @@ int RunEncode(const platform::Ports& ports, const std::vector<std::string>& file
     const auto path = std::filesystem::absolute(file, error);
     absolute.push_back(error ? file : path.string());
   }
-  FileList selection(std::move(absolute));
+
+  // The job as it would be, with nothing written, to check it before it runs.
+  FileList planned_selection(absolute);
+  const DryRunPorts dry(ports);
+  EncodingJob dry_job(dry.ports(), ui, loader, settings, language);
+  const JobOutcome dry_outcome = dry_job.EncodeJob(planned_selection);
+  if (!dry_outcome.started) return 1;
+  const JobPlan plan = PlanJob(dry_outcome, settings.DelTemp, ports);
+  const bool refused = !plan.problems.empty() && !options.force;
+  for (const auto& problem : plan.problems) err << "wavforge-cli: " << problem << '\n';
 
   if (options.dry_run) {
-    const DryRunPorts dry(ports);
-    EncodingJob job(dry.ports(), ui, loader, settings, language);
-    const JobOutcome outcome = job.EncodeJob(selection);
-    if (!outcome.started) return 1;
-    out << outcome.script;
-    if (!outcome.script.empty() && outcome.script.back() != '\n') out << '\n';
-    return 0;
+    for (const auto& file : plan.files) {
+      out << "plan: " << file.source << " -> " << (file.output.empty() ? "?" : file.output)
+          << '\n';
+    }
+    out << dry_outcome.script;
+    if (!dry_outcome.script.empty() && dry_outcome.script.back() != '\n') out << '\n';
+    return refused ? kRefused : 0;
+  }
+  if (refused) {
+    err << "wavforge-cli: nothing was written; --force runs the job anyway\n";
+    return kRefused;
   }
 
+  const std::string tools_log =
+      settings.LogFilePath + std::string(1, platform::kPathSeparator) + "encode.log";
+  const std::uint64_t log_offset = ports.files.FileSize(tools_log).value_or(0);
+  FileList selection(std::move(absolute));
   EncodingJob job(ports, ui, loader, settings, language);
   const JobOutcome outcome = job.EncodeJob(selection);
   if (!outcome.started) {
@@ -47,7 +71,7 @@ int RunEncode(const platform::Ports& ports, const std::vector<std::string>& file
   }
   out << outcome.script_path << '\n';
   if (!options.wait) return 0;
-  return FollowJob(ports, outcome, out, err);
+  return FollowJob(ports, outcome, plan, tools_log, log_offset, out, err);
 }
 
 }  // namespace wavforge::cli

@@ -1,9 +1,12 @@
 #include "cli/job_follower.h"
 
 #include <chrono>
+#include <fstream>
+#include <optional>
 #include <thread>
 
 #include "encoding/job_watch.h"
+#include "encoding/media_duration.h"
 #include "encoding/source_names.h"
 
 namespace wavforge::cli {
@@ -16,10 +19,6 @@ constexpr auto kTick = std::chrono::milliseconds(50);
 // A script that has not shown itself by then will not run at all.
 constexpr auto kStartTimeout = std::chrono::seconds(10);
 
-bool IsExtensionChar(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
-}
-
 // The timer's view has nothing to show on a terminal.
 class SilentView final : public JobStatusView {
  public:
@@ -27,48 +26,83 @@ class SilentView final : public JobStatusView {
   void ShowStatusPicture(int) override {}
 };
 
-bool HasContent(const platform::FileSystem& disk, const std::string& path) {
-  return !path.empty() && disk.FileSize(path).value_or(0) > 0;
+// What became of one file: the output it has, or why it has none.
+struct Result {
+  bool done = false;
+  std::string output;
+  std::string failure;
+};
+
+// The text between prefix + quoted source and the next quote, from a tool's log line.
+std::optional<std::string> After(const std::string& line, const std::string& head) {
+  const auto at = line.find(head);
+  if (at == std::string::npos) return std::nullopt;
+  return line.substr(at + head.size());
+}
+
+// Reads the tools' log lines written since the job started into results.
+void ReadToolLines(const std::string& tools_log, std::uint64_t offset, const JobPlan& plan,
+                   std::vector<Result>& results) {
+  std::ifstream log(tools_log, std::ios::binary);
+  if (!log) return;
+  log.seekg(static_cast<std::streamoff>(offset));
+  std::string line;
+  while (std::getline(log, line)) {
+    for (std::size_t i = 0; i < plan.files.size(); ++i) {
+      const std::string quoted = "\"" + plan.files[i].source + "\"";
+      if (auto rest = After(line, "wavforge-encode: encoded " + quoted + " as \"")) {
+        results[i] = {true, rest->substr(0, rest->rfind('"')), {}};
+      } else if (auto reason = After(line, "wavforge-encode: could not encode " + quoted + ": ")) {
+        results[i] = {true, {}, *reason};
+      }
+    }
+  }
+}
+
+bool IsComplete(const platform::Ports& ports, const std::string& output,
+                const PlannedFile& file) {
+  const auto opened = ports.binary_files.OpenForReading(output);
+  if (!opened) return false;
+  const std::string extension = output.substr(output.rfind('.') + 1);
+  // Of a format we cannot measure, a file with content is all we can check.
+  if (!PlayingSeconds(*opened, extension) && !KnowsContainer(extension)) return opened->Size() > 0;
+  return IsCompleteOutput(*opened, extension, file.seconds);
+}
+
+// A file outside the tool is done once its output appears.
+void LookForOutputs(const platform::Ports& ports, const JobPlan& plan,
+                    std::vector<Result>& results) {
+  for (std::size_t i = 0; i < plan.files.size(); ++i) {
+    const auto& file = plan.files[i];
+    if (!file.through_tool && !results[i].done && ports.files.FileSize(file.output).value_or(0)) {
+      results[i] = {true, file.output, {}};
+    }
+  }
 }
 
 }  // namespace
 
-std::string ExpectedOutput(const JobFile& file) {
-  const std::string stem = file.output_path + ".";
-  const auto at = file.command.find(stem);
-  if (at == std::string::npos) return {};
-  std::size_t end = at + stem.size();
-  while (end < file.command.size() && IsExtensionChar(file.command[end])) ++end;
-  if (end == at + stem.size()) return {};
-  return file.command.substr(at, end - at);
-}
-
-std::size_t CurrentFile(const std::vector<JobFile>& files, const platform::FileSystem& disk) {
-  std::size_t current = 0;
-  for (std::size_t i = 0; i < files.size(); ++i) {
-    if (disk.FileSize(ExpectedOutput(files[i]))) current = i;
-  }
-  return current;
-}
-
-int FollowJob(const platform::Ports& ports, const JobOutcome& job, std::ostream& out,
+int FollowJob(const platform::Ports& ports, const JobOutcome& job, const JobPlan& plan,
+              const std::string& tools_log, std::uint64_t log_offset, std::ostream& out,
               std::ostream& err) {
   JobWatch watch(ports.windows);
   SilentView view;
   const FileList no_selection;
   const auto started = Clock::now();
   bool seen = false;
-  std::size_t shown = job.files.size();  // nothing shown yet
+  std::vector<Result> results(plan.files.size());
+  std::size_t shown = plan.files.size() + 1;  // nothing shown yet
   while (true) {
     const bool running = watch.Tick(no_selection, view);
     seen = seen || running;
-    if (running && !job.files.empty()) {
-      const std::size_t current = CurrentFile(job.files, ports.files);
-      if (current != shown) {
-        shown = current;
-        out << "[" << current << "/" << job.files.size() << " done] encoding "
-            << FileTitle(job.files[current].source) << std::endl;
-      }
+    ReadToolLines(tools_log, log_offset, plan, results);
+    LookForOutputs(ports, plan, results);
+    std::size_t done = 0;
+    while (done < results.size() && results[done].done) ++done;
+    if (running && done < plan.files.size() && done != shown) {
+      shown = done;
+      out << "[" << done << "/" << plan.files.size() << " done] encoding "
+          << FileTitle(plan.files[done].source) << std::endl;
     }
     const bool script_left = ports.files.FileSize(job.script_path).has_value();
     if (!running && (seen || !script_left)) break;
@@ -79,19 +113,28 @@ int FollowJob(const platform::Ports& ports, const JobOutcome& job, std::ostream&
     std::this_thread::sleep_for(kTick);
   }
 
-  int missing = 0;
-  for (const auto& file : job.files) {
-    const std::string output = ExpectedOutput(file);
-    if (HasContent(ports.files, output)) {
-      out << "wrote " << output << '\n';
-    } else {
-      ++missing;
-      out << "missing " << (output.empty() ? file.output_path : output) << " (from " << file.source
+  std::size_t failed = 0;
+  for (std::size_t i = 0; i < plan.files.size(); ++i) {
+    const PlannedFile& file = plan.files[i];
+    const Result& result = results[i];
+    if (!result.failure.empty()) {
+      out << "failed " << file.source << ": " << result.failure << '\n';
+    } else if (file.through_tool && !result.done) {
+      out << "failed " << file.source << ": wavforge-encode did not report (see " << tools_log
           << ")\n";
+    } else if (result.output.empty() || !ports.files.FileSize(result.output)) {
+      out << "missing " << (file.output.empty() ? job.files[i].output_path : file.output)
+          << " (from " << file.source << ")\n";
+    } else if (!IsComplete(ports, result.output, file)) {
+      out << "incomplete " << result.output << " (from " << file.source << ")\n";
+    } else {
+      out << "wrote " << result.output << '\n';
+      continue;
     }
+    ++failed;
   }
-  out << job.files.size() - missing << " of " << job.files.size() << " files encoded\n";
-  return missing == 0 ? 0 : 1;
+  out << plan.files.size() - failed << " of " << plan.files.size() << " files encoded\n";
+  return failed == 0 ? 0 : 1;
 }
 
 }  // namespace wavforge::cli

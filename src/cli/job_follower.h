@@ -2,25 +2,20 @@
 
 #include <ostream>
 #include <string>
-#include <vector>
 
+#include "cli/job_plan.h"
 #include "encoding/encode_job.h"
 #include "platform/ports.h"
 
 namespace wavforge::cli {
 
-// The file a job's command will write for one source: the output path followed by the
-// extension the command line gives it; "" when the command does not name it.
-std::string ExpectedOutput(const JobFile& file);
-
-// Which file a running job is on: the last one whose output has appeared (0 before any).
-std::size_t CurrentFile(const std::vector<JobFile>& files, const platform::FileSystem& disk);
-
-// Follows a started job with the main window's timer test (ticking every 50 ms), telling
-// which file is being encoded; when the job has ended, checks that every expected output
-// exists and is not empty. Returns 0 when all are there, 1 when any is missing, 2 when the
-// job never showed up.
-int FollowJob(const platform::Ports& ports, const JobOutcome& job, std::ostream& out,
+// Follows a started job with the main window's timer test (ticking every 50 ms), telling how
+// many files are done and which one is being encoded. Files run through wavforge-encode are
+// judged by its lines in the tools' log (read from log_offset on); others by their expected
+// output. An output counts only when it is complete. Returns 0 when every file was encoded,
+// 1 when any failed, 2 when the job never showed up.
+int FollowJob(const platform::Ports& ports, const JobOutcome& job, const JobPlan& plan,
+              const std::string& tools_log, std::uint64_t log_offset, std::ostream& out,
               std::ostream& err);
 
 }  // namespace wavforge::cli

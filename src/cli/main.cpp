@@ -39,11 +39,14 @@ int main(int argc, char** argv) {
   auto* encode = app.add_subcommand("encode", "Encode the FILEs as the Start button does");
   encode->add_option("FILE", encode_files, "WAV recordings; other files add nothing")->required();
   encode->add_flag("--dry-run", encode_options.dry_run,
-                   "Print the job script instead of writing and starting it");
+                   "Print the plan and the job script instead of writing and starting it");
   encode
       ->add_flag("--wait", encode_options.wait,
                  "Follow the job until it ends and check that every output was written")
       ->excludes("--dry-run");
+  encode->add_flag("--force", encode_options.force,
+                   "Run the job even when its plan has problems (outputs that clash or exist, "
+                   "sources that are missing or would be deleted by another file's line)");
 
   try {
     app.parse(argc, argv);
@@ -55,7 +58,9 @@ int main(int argc, char** argv) {
   platform::posix::PosixPlatform system(wavforge::kProductName);
   if (settings->parsed()) return wavforge::cli::RunSettings(system.ports(), std::cout);
   if (expand->parsed()) return wavforge::cli::RunExpand(system.ports(), texts, std::cout);
-  if (tags->parsed()) return wavforge::cli::RunTags(system.ports(), tag_files, std::cout);
+  if (tags->parsed()) {
+    return wavforge::cli::RunTags(system.ports(), tag_files, std::cout, std::cerr);
+  }
   if (encode->parsed()) {
     return wavforge::cli::RunEncode(system.ports(), encode_files, encode_options, std::cout,
                                     std::cerr);

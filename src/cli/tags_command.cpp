@@ -9,12 +9,18 @@
 namespace wavforge::cli {
 
 int RunTags(const platform::Ports& ports, const std::vector<std::string>& files,
-            std::ostream& out) {
+            std::ostream& out, std::ostream& err) {
   Settings settings;
   SettingsLoader loader(ports);
   loader.LoadSettings(settings);
   DryRunFileSystem no_folders(ports.files);
+  int exit_code = 0;
   for (const auto& file : files) {
+    if (!ports.binary_files.OpenForReading(file)) {
+      err << "wavforge-cli: " << file << " does not exist or cannot be read\n";
+      exit_code = 1;
+      continue;
+    }
     std::string genre, artist, album, title;
     const bool info_read = ReadWavTags(ports.binary_files, file, {"IGNR", "IART", "IALB", "INAM"},
                                        {&genre, &artist, &album, &title});
@@ -29,7 +35,7 @@ int RunTags(const platform::Ports& ports, const std::vector<std::string>& files,
         << "FileTitle=" << FileTitle(file) << '\n'
         << "OutputPath=" << OutputPath(settings, tags, no_folders) << '\n';
   }
-  return 0;
+  return exit_code;
 }
 
 }  // namespace wavforge::cli

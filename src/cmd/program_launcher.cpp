@@ -53,6 +53,9 @@ std::optional<std::string> FindProgram(const std::string& name) {
   if (name.find(platform::kPathSeparator) != std::string::npos) {
     return IsExecutableFile(name) ? std::optional<std::string>(name) : std::nullopt;
   }
+  // As the Windows interpreter does, the current folder comes before PATH: job scripts run in
+  // the program folder, so the tools installed beside the program are found by bare name.
+  if (IsExecutableFile(name)) return "./" + name;
   const std::string search = FindVariable(SnapshotEnvironment(), "PATH").value_or("");
   std::size_t start = 0;
   while (start <= search.size()) {

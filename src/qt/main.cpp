@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -27,8 +28,18 @@ int main(int argc, char** argv) {
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("wavforge"));
-  // What the toolkit left of the arguments are the files, as bytes.
-  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  // What the toolkit left of the arguments are the files, as bytes. The job script runs in the
+  // program folder, so a relative name of an existing file is made absolute here.
+  std::vector<std::string> arguments;
+  for (int i = 1; i < argc; ++i) {
+    const std::filesystem::path name(argv[i]);
+    std::error_code error;
+    if (name.is_relative() && std::filesystem::exists(name, error)) {
+      arguments.push_back(std::filesystem::absolute(name, error).string());
+    } else {
+      arguments.push_back(argv[i]);
+    }
+  }
 
   wavforge::qt::SingleInstance instance(wavforge::qt::SingleInstance::RuntimeFolder());
   if (!instance.BecomeFirst()) {

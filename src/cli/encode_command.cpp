@@ -46,8 +46,7 @@ int RunEncode(const platform::Ports& ports, const std::vector<std::string>& file
 
   if (options.dry_run) {
     for (const auto& file : plan.files) {
-      out << "plan: " << file.source << " -> " << (file.output.empty() ? "?" : file.output)
-          << '\n';
+      out << "plan: " << file.source << " -> " << (file.output.empty() ? "?" : file.output) << '\n';
     }
     out << dry_outcome.script;
     if (!dry_outcome.script.empty() && dry_outcome.script.back() != '\n') out << '\n';

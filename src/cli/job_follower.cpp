@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "encoding/job_watch.h"
+#include "encoding/log_quoting.h"
 #include "encoding/media_duration.h"
 #include "encoding/source_names.h"
 
@@ -33,13 +34,6 @@ struct Result {
   std::string failure;
 };
 
-// The text between prefix + quoted source and the next quote, from a tool's log line.
-std::optional<std::string> After(const std::string& line, const std::string& head) {
-  const auto at = line.find(head);
-  if (at == std::string::npos) return std::nullopt;
-  return line.substr(at + head.size());
-}
-
 // Reads the tools' log lines written since the job started into results.
 void ReadToolLines(const std::string& tools_log, std::uint64_t offset, const JobPlan& plan,
                    std::vector<Result>& results) {
@@ -49,18 +43,20 @@ void ReadToolLines(const std::string& tools_log, std::uint64_t offset, const Job
   std::string line;
   while (std::getline(log, line)) {
     for (std::size_t i = 0; i < plan.files.size(); ++i) {
-      const std::string quoted = "\"" + plan.files[i].source + "\"";
-      if (auto rest = After(line, "wavforge-encode: encoded " + quoted + " as \"")) {
-        results[i] = {true, rest->substr(0, rest->rfind('"')), {}};
-      } else if (auto reason = After(line, "wavforge-encode: could not encode " + quoted + ": ")) {
-        results[i] = {true, {}, *reason};
+      const std::string source = QuoteForLog(plan.files[i].source);
+      const std::string encoded = "wavforge-encode: encoded " + source + " as ";
+      const std::string failed = "wavforge-encode: could not encode " + source + ": ";
+      if (auto at = line.find(encoded); at != std::string::npos) {
+        std::size_t quote = at + encoded.size();
+        if (auto output = UnquoteFromLog(line, quote)) results[i] = {true, *output, {}};
+      } else if (auto reason = line.find(failed); reason != std::string::npos) {
+        results[i] = {true, {}, line.substr(reason + failed.size())};
       }
     }
   }
 }
 
-bool IsComplete(const platform::Ports& ports, const std::string& output,
-                const PlannedFile& file) {
+bool IsComplete(const platform::Ports& ports, const std::string& output, const PlannedFile& file) {
   const auto opened = ports.binary_files.OpenForReading(output);
   if (!opened) return false;
   const std::string extension = output.substr(output.rfind('.') + 1);

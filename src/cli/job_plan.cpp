@@ -55,8 +55,9 @@ JobPlan PlanJob(const JobOutcome& dry_run, bool del_temp, const platform::Ports&
     std::error_code error;
     const auto status = fs::status(source, error);
     if (source.find_first_of(kScriptSyntax) != std::string::npos) {
-      problems.push_back(source + ": the name holds a double quote, a line end, %, * or ?, "
-                                  "which cannot stand in a script line");
+      problems.push_back(source +
+                         ": the name holds a double quote, a line end, %, * or ?, "
+                         "which cannot stand in a script line");
     } else if (!fs::exists(status)) {
       problems.push_back(source + " does not exist");
     } else if (!fs::is_regular_file(status)) {

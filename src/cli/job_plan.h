@@ -12,8 +12,8 @@ namespace wavforge::cli {
 // One recording of a job and what its command will make of it.
 struct PlannedFile {
   std::string source;
-  std::string output;         // with extension; "" when the command does not name it
-  bool through_tool = false;  // run by wavforge-encode, which reports in the tools' log
+  std::string output;             // with extension; "" when the command does not name it
+  bool through_tool = false;      // run by wavforge-encode, which reports in the tools' log
   std::optional<double> seconds;  // how long the source plays, when that can be read
 };
 

@@ -8,8 +8,8 @@
 
 namespace wavforge::cli {
 
-int RunTags(const platform::Ports& ports, const std::vector<std::string>& files,
-            std::ostream& out, std::ostream& err) {
+int RunTags(const platform::Ports& ports, const std::vector<std::string>& files, std::ostream& out,
+            std::ostream& err) {
   Settings settings;
   SettingsLoader loader(ports);
   loader.LoadSettings(settings);

@@ -20,6 +20,7 @@
 #include "encode_tool/encoder_run.h"
 #include "encode_tool/safe_output.h"
 #include "encode_tool/tool_log.h"
+#include "encoding/log_quoting.h"
 #include "encoding/media_duration.h"
 #include "encoding/output_path.h"
 #include "encoding/read_wav_tags.h"
@@ -82,7 +83,8 @@ int Run(const Request& request) {
 
   const auto source = FindSource(request.base_path);
   if (!source) {
-    log.Line("could not encode \"" + request.base_path + ".wav\": the recording does not exist");
+    log.Line("could not encode " + QuoteForLog(request.base_path + ".wav") +
+             ": the recording does not exist");
     return kFailed;
   }
   const TrackTags tags = ReadTagsWithNameFallback(ports.binary_files, *source);
@@ -94,8 +96,11 @@ int Run(const Request& request) {
   // Nothing is run on a file whose audio we cannot measure: an encoder may take garbage for raw
   // samples and "succeed", and the source would then be deleted for noise.
   if (!source_seconds) {
-    log.Line("could not encode \"" + *source + "\": it is not a WAV recording that can be read" +
-             (request.normalize ? "" : "; the recording is kept as \"" + KeepSource(*source) + "\""));
+    log.Line("could not encode " + QuoteForLog(*source) +
+             ": it is not a WAV recording that can be read" +
+             (request.normalize
+                  ? ""
+                  : "; the recording is kept as " + QuoteForLog(KeepSource(*source))));
     return kFailed;
   }
 
@@ -111,27 +116,31 @@ int Run(const Request& request) {
   if (error.empty()) {
     error = RunEncoder(FillArguments(request.encoder, *source, temporary, tags), log.Descriptor());
   }
-  if (error.empty()) error = CheckOutput(temporary, request.extension, source_seconds, ports.binary_files);
+  if (error.empty())
+    error = CheckOutput(temporary, request.extension, source_seconds, ports.binary_files);
 
   std::string placed;
   if (error.empty() && request.normalize) {
-    if (std::rename(temporary.c_str(), source->c_str()) == 0) placed = *source;
-    else error = "the normalised recording could not replace the original";
+    if (std::rename(temporary.c_str(), source->c_str()) == 0)
+      placed = *source;
+    else
+      error = "the normalised recording could not replace the original";
   } else if (error.empty()) {
     placed = PlaceOutput(temporary, stem, request.extension, *source, error);
   }
   if (!error.empty()) {
     if (!temporary.empty()) unlink(temporary.c_str());
     if (request.normalize) {
-      log.Line("could not normalise \"" + *source + "\": " + error + "; the recording is unchanged");
+      log.Line("could not normalise " + QuoteForLog(*source) + ": " + error +
+               "; the recording is unchanged");
     } else {
-      log.Line("could not encode \"" + *source + "\": " + error + "; the recording is kept as \"" +
-               KeepSource(*source) + "\"");
+      log.Line("could not encode " + QuoteForLog(*source) + ": " + error +
+               "; the recording is kept as " + QuoteForLog(KeepSource(*source)));
     }
     return kFailed;
   }
-  log.Line(request.normalize ? "normalised \"" + *source + "\""
-                             : "encoded \"" + *source + "\" as \"" + placed + "\"");
+  log.Line(request.normalize ? "normalised " + QuoteForLog(*source)
+                             : "encoded " + QuoteForLog(*source) + " as " + QuoteForLog(placed));
   return 0;
 }
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "encoding/delete_reach.h"
+#include "encoding/log_quoting.h"
 #include "encoding/source_names.h"
 #include "platform/path_rules.h"
 #include "settings/text_replace.h"
@@ -68,7 +69,8 @@ std::string CreateTemporaryOutput(const std::string& folder, const std::string& 
   buffer.push_back('\0');
   const int fd = mkstemps(buffer.data(), static_cast<int>(extension.size() + 1));
   if (fd < 0) {
-    error = "cannot write into the output folder \"" + folder + "\": " + std::strerror(errno);
+    error =
+        "cannot write into the output folder " + QuoteForLog(folder) + ": " + std::strerror(errno);
     return {};
   }
   // mkstemps makes the file private; the output is the user's music, made as any other file.
@@ -89,11 +91,11 @@ std::string PlaceOutput(const std::string& temporary, const std::string& stem,
     const int failure = RenameNoReplace(temporary, candidate);
     if (failure == 0) return candidate;
     if (failure != EEXIST) {
-      error = "cannot move the output to \"" + candidate + "\": " + std::strerror(failure);
+      error = "cannot move the output to " + QuoteForLog(candidate) + ": " + std::strerror(failure);
       return {};
     }
   }
-  error = "no free name for \"" + stem + "." + extension + "\"";
+  error = "no free name for " + QuoteForLog(stem + "." + extension);
   return {};
 }
 

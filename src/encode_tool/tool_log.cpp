@@ -26,8 +26,8 @@ ToolLog::~ToolLog() {
 void ToolLog::Line(const std::string& text) {
   const platform::LocalTime now = clock_.Now();
   char stamp[32];
-  std::snprintf(stamp, sizeof stamp, "%04d-%02d-%02d %02d:%02d:%02d ", now.year, now.month,
-                now.day, now.hour, now.minute, now.second);
+  std::snprintf(stamp, sizeof stamp, "%04d-%02d-%02d %02d:%02d:%02d ", now.year, now.month, now.day,
+                now.hour, now.minute, now.second);
   // One write, so lines of tools running side by side never interleave.
   const std::string line = stamp + std::string("wavforge-encode: ") + text + "\n";
   [[maybe_unused]] const ssize_t n = write(fd_, line.data(), line.size());

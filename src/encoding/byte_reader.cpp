@@ -13,8 +13,8 @@ std::string_view ByteReader::At(std::uint64_t offset, std::size_t count) {
   if (offset >= size_) return {};
   const bool cached = offset >= block_offset_ && offset + count <= block_offset_ + block_.size();
   if (!cached) {
-    const auto wanted = static_cast<std::size_t>(
-        std::min<std::uint64_t>(std::max(count, kBlock), size_ - offset));
+    const auto wanted =
+        static_cast<std::size_t>(std::min<std::uint64_t>(std::max(count, kBlock), size_ - offset));
     block_.resize(wanted);
     block_.resize(file_.ReadAt(offset, block_));
     block_offset_ = offset;

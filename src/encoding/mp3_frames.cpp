@@ -33,7 +33,9 @@ Frame ParseHeader(std::string_view header) {
   const bool mpeg1 = version == 3;
   const int kbits = (mpeg1 ? kMpeg1Kbits : kMpeg2Kbits)[static_cast<std::size_t>(bitrate_index)];
   if (kbits == 0) return {};
-  const int rate = kMpeg1Rates[static_cast<std::size_t>(rate_index)] / (mpeg1 ? 1 : version == 2 ? 2 : 4);
+  const int rate = kMpeg1Rates[static_cast<std::size_t>(rate_index)] / (mpeg1          ? 1
+                                                                        : version == 2 ? 2
+                                                                                       : 4);
   const int padding = (b2 >> 1) & 1;
   const int per_frame = mpeg1 ? 144 : 72;
   return {static_cast<std::uint64_t>(per_frame * kbits * 1000 / rate + padding), mpeg1 ? 1152 : 576,

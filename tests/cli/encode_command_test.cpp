@@ -63,7 +63,7 @@ class EncodeCommandTest : public testing_support::IsolatedHomeTest {
     IsolatedHomeTest::SetUp();
     program = Root() / "program";
     fs::create_directories(program);
-    for (const fs::path binary : {WAVFORGE_CLI_PATH, WAVFORGE_CMD_PATH}) {
+    for (const fs::path binary : {WAVFORGE_CLI_PATH, WAVFORGE_CMD_PATH, WAVFORGE_ENCODE_PATH}) {
       fs::copy_file(binary, program / binary.filename());
     }
     fs::copy_file(fs::path(WAVFORGE_CLI_PATH).parent_path() / "LarkspurFix.ini",
@@ -75,11 +75,40 @@ class EncodeCommandTest : public testing_support::IsolatedHomeTest {
     WriteFile(recordings / "Band - Song.wav", Recording({}));
   }
 
-  testing_support::ProcessResult Encode(const std::string& options) {
+  // Runs `encode --wait` on files with these settings; prefix goes before the command (env,
+  // unshare), extra after "encode".
+  testing_support::ProcessResult Encode(const std::string& options,
+                                        std::vector<std::string> files = {},
+                                        std::vector<std::string> extra = {},
+                                        std::vector<std::string> prefix = {}) {
     WriteFile(ConfigHome() / "Larkspur/Larkspur.ini", "[Options]\n" + options);
-    return RunProcess({(program / "wavforge-cli").string(), "encode", "--wait",
-                       (recordings / "take1.wav").string(),
-                       (recordings / "Band - Song.wav").string()});
+    if (files.empty()) {
+      files = {(recordings / "take1.wav").string(), (recordings / "Band - Song.wav").string()};
+    }
+    std::vector<std::string> argv = prefix;
+    argv.push_back((program / "wavforge-cli").string());
+    argv.push_back("encode");
+    argv.push_back("--wait");
+    argv.insert(argv.end(), extra.begin(), extra.end());
+    argv.insert(argv.end(), files.begin(), files.end());
+    return RunProcess(argv);
+  }
+
+  static std::vector<std::string> Names(const fs::path& folder) {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (fs::recursive_directory_iterator it(folder, error), end; !error && it != end; ++it) {
+      if (it->is_regular_file()) names.push_back(fs::relative(it->path(), folder).string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  // Whether ffprobe reads the whole file for as long as a recording of ours plays.
+  static bool Plays(const fs::path& file) {
+    const auto result = RunProcess({"/usr/bin/ffprobe", "-v", "error", "-show_entries",
+                                    "format=duration", "-of", "csv=p=0", file.string()});
+    return result.exit_code == 0 && std::atof(result.out.c_str()) > 0.9;
   }
 
   std::string DayLog() const {
@@ -136,6 +165,15 @@ TEST_P(EncodeFormatTest, ProducesTaggedFilesNamedFromTheirTags) {
   EXPECT_FALSE(fs::exists(script)) << script;
   EXPECT_TRUE(fs::exists(recordings / "take1.wav"));
   EXPECT_TRUE(fs::exists(recordings / "Band - Song.wav"));
+
+  // Without its encoder, each recording is kept out of reach of its del line.
+  fs::remove_all(Home() / "Music");
+  const auto failed = Encode("Encoder=" + std::to_string(c.encoder) + "\nDelTemp=1\n", {}, {},
+                             {"/usr/bin/env", "PATH=/nonexistent"});
+  EXPECT_EQ(failed.exit_code, 1) << failed.out << failed.err;
+  EXPECT_EQ(Names(recordings),
+            (std::vector<std::string>{"Band - Song (not encoded).wav", "take1 (not encoded).wav"}));
+  EXPECT_NE(failed.out.find("was not found"), std::string::npos) << failed.out;
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -147,6 +185,149 @@ INSTANTIATE_TEST_SUITE_P(
                       FormatCase{"Wma44", 3, ".wma", "wmav2", "44100", "WMA44"},
                       FormatCase{"Wma48", 4, ".wma", "wmav2", "48000", "WMA48"}),
     [](const auto& row) { return std::string(row.param.name); });
+
+// The ways a recording used to be lost. Each ends with a complete output in place or the
+// recording kept, and nothing else in its folder touched.
+struct LossCase {
+  const char* name;
+  std::string settings;
+  std::string file;                 // in the recordings folder; "!" + name: not a WAV at all
+  std::vector<std::string> prefix;  // before the command
+  int exit_code;
+  std::vector<std::string> left;  // in the recordings folder, besides notes.txt
+  std::string output;             // under the music folder, complete; "" for none
+};
+
+class EncodeLossTest : public EncodeCommandTest, public ::testing::WithParamInterface<LossCase> {};
+
+TEST_P(EncodeLossTest, KeepsTheRecordingOrWritesACompleteOutput) {
+  auto c = GetParam();
+  WriteFile(recordings / "notes.txt", "bystander");
+  fs::remove(recordings / "take1.wav");
+  fs::remove(recordings / "Band - Song.wav");
+  const bool garbage = c.file[0] == '!';
+  if (garbage) c.file = c.file.substr(1);
+  WriteFile(recordings / c.file,
+            garbage
+                ? testing_support::RiffChunk("WAVE", "not audio")
+                : Recording({{"IGNR", "Jazz"}, {"IART", "Anna"}, {"IALB", "L"}, {"INAM", "Blue"}}));
+  std::string settings = c.settings;
+  for (const auto& [key, path] : {std::pair{"@root", Root()}, std::pair{"@rec", recordings}}) {
+    for (auto at = settings.find(key); at != std::string::npos; at = settings.find(key)) {
+      settings.replace(at, std::string(key).size(), path.string());
+    }
+  }
+  for (auto& word : c.prefix) {
+    if (word.find("@root") != std::string::npos) word.replace(word.find("@root"), 5, Root());
+  }
+  if (!c.prefix.empty() && c.prefix[0] == "/usr/bin/unshare") {
+    fs::create_directories(Root() / "small");
+    if (RunProcess({"/usr/bin/unshare", "-rm", "true"}).exit_code != 0) {
+      GTEST_SKIP() << "no mount namespace here";
+    }
+  }
+  const auto result =
+      Encode("DelTemp=1\n" + settings, {(recordings / c.file).string()}, {}, c.prefix);
+  EXPECT_EQ(result.exit_code, c.exit_code) << result.out << result.err;
+  c.left.push_back("notes.txt");
+  std::sort(c.left.begin(), c.left.end());
+  EXPECT_EQ(Names(recordings), c.left) << result.out;
+  if (!c.output.empty()) {
+    EXPECT_TRUE(Plays(Home() / "Music" / c.output)) << result.out;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Scenarios, EncodeLossTest,
+    ::testing::Values(
+        LossCase{"EncoderMissing",
+                 "Encoder=1\n",
+                 "take1.wav",
+                 {"/usr/bin/env", "PATH=/nonexistent"},
+                 1,
+                 {"take1 (not encoded).wav"},
+                 ""},
+        LossCase{
+            "CorruptRecording", "Encoder=1\n", "!bad.wav", {}, 1, {"bad (not encoded).wav"}, ""},
+        LossCase{
+            "UpperCaseExtension", "Encoder=1\n", "LOUD.WAV", {}, 0, {}, "Jazz/Anna - Blue.mp3"},
+        LossCase{"MissingLogFolder",
+                 "Encoder=1\nLogFilePath=@root/no/logs\n",
+                 "take1.wav",
+                 {},
+                 0,
+                 {},
+                 "Jazz/Anna - Blue.mp3"},
+        LossCase{"MissingMusicFolder",
+                 "Encoder=1\nMusicPath=@root/nowhere\n",
+                 "take1.wav",
+                 {},
+                 1,
+                 {"take1 (not encoded).wav"},
+                 ""},
+        // oggenc reports success on a full disk; the tool sees the stream is cut.
+        LossCase{"FullDisk",
+                 "Encoder=2\nMusicPath=@root/small\n",
+                 "take1.wav",
+                 {"/usr/bin/unshare", "-rm", "sh", "-c",
+                  "mount -t tmpfs -o size=12k none @root/small && exec \"$@\"", "sh"},
+                 1,
+                 {"take1 (not encoded).wav"},
+                 ""},
+        // An output named like its source is not removed by the source's del line.
+        LossCase{"OutputBesideSource",
+                 "Encoder=1\nMusicPath=@rec\nUseMusicSubfolder=0\nMusicFileTemplate2=take1\n",
+                 "take1.wav",
+                 {},
+                 0,
+                 {"take1 (2).mp3"},
+                 ""}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(EncodeCommandTest, SameNamedOutputsAreRefusedOrNumbered) {
+  std::vector<std::string> takes;
+  for (int i = 1; i <= 5; ++i) {
+    takes.push_back((recordings / ("take" + std::to_string(i) + ".wav")).string());
+    WriteFile(takes.back(), Recording({}));
+  }
+  auto result = Encode("Encoder=1\nDelTemp=1\n", takes);
+  EXPECT_EQ(result.exit_code, 2) << result.out;
+  EXPECT_NE(result.err.find(takes[4] + " and " + takes[0] + " would both be written to " +
+                            (Home() / "Music/-.mp3").string()),
+            std::string::npos)
+      << result.err;
+  EXPECT_TRUE(fs::is_empty(TempFolder()));
+  EXPECT_TRUE(Names(Home() / "Music").empty());
+
+  result = Encode("Encoder=1\nDelTemp=1\n", takes, {"--force"});
+  EXPECT_EQ(result.exit_code, 0) << result.out << result.err;
+  EXPECT_EQ(Names(Home() / "Music"), (std::vector<std::string>{"- (2).mp3", "- (3).mp3",
+                                                               "- (4).mp3", "- (5).mp3", "-.mp3"}));
+  EXPECT_NE(result.out.find("5 of 5 files encoded"), std::string::npos) << result.out;
+}
+
+TEST_F(EncodeCommandTest, ATagRunsNoCommand) {
+  const std::string crafted = "x\" & touch owned & rem \"";
+  WriteFile(recordings / "take1.wav",
+            Recording({{"IGNR", crafted}, {"IART", crafted}, {"IALB", crafted}, {"INAM", "a\nb"}}));
+  const auto result = Encode("Encoder=1\nDelTemp=0\n", {(recordings / "take1.wav").string()});
+  EXPECT_EQ(result.exit_code, 0) << result.out << result.err;
+  EXPECT_FALSE(fs::exists(program / "owned"));
+  EXPECT_EQ(Names(program).size(), 4u);
+  EXPECT_EQ(Names(Home() / "Music").size(), 1u);
+}
+
+TEST_F(EncodeCommandTest, NamesThatCannotStandInAScriptAreRefused) {
+  for (const std::string name :
+       {"a\"b.wav", "100%PATH%.wav", "x*y.wav", "what?.wav", "two\nlines.wav"}) {
+    WriteFile(recordings / name, Recording({}));
+    const auto result = Encode("Encoder=1\nDelTemp=1\n", {(recordings / name).string()});
+    EXPECT_EQ(result.exit_code, 2) << name;
+    EXPECT_NE(result.err.find("cannot stand in a script line"), std::string::npos) << result.err;
+    EXPECT_TRUE(fs::is_empty(TempFolder())) << name;
+    EXPECT_TRUE(fs::exists(recordings / name));
+  }
+}
 
 TEST_F(EncodeCommandTest, DeletesTheSourcesWhenAskedTo) {
   const auto result = Encode("Encoder=1\nDelTemp=1\n");
@@ -186,9 +367,14 @@ TEST_F(EncodeCommandTest, DryRunPrintsTheScriptAndTouchesNothing) {
   const auto result = RunProcess({(program / "wavforge-cli").string(), "encode", "--dry-run",
                                   (recordings / "take1.wav").string(), "notes.txt"});
   ASSERT_EQ(result.exit_code, 0) << result.err;
-  EXPECT_EQ(
-      result.out.rfind("title Larkspur Encoder\r\nlame --quiet -V 2 --add-id3v2 --ta \"Anna\"", 0),
-      0u)
+  const std::string take = (recordings / "take1").string();
+  EXPECT_EQ(result.out.rfind("plan: " + take + ".wav -> " +
+                                 (Home() / "Music/Jazz FM/Anna - Blue.mp3").string() +
+                                 "\ntitle Larkspur Encoder\r\nwavforge-encode \"" + take + "\" \"" +
+                                 (ConfigHome() / "Larkspur/encode.log").string() +
+                                 "\" mp3 lame --quiet -V 2 --add-id3v2 --ta {artist}",
+                             0),
+            0u)
       << result.out;
   EXPECT_NE(result.out.find("del \"" + (recordings / "take1").string() + ".*\"\r\n"),
             std::string::npos);
@@ -198,6 +384,9 @@ TEST_F(EncodeCommandTest, DryRunPrintsTheScriptAndTouchesNothing) {
 }
 
 TEST_F(EncodeCommandTest, TagsShowsWhatTheJobWouldUse) {
+  const auto missing = RunProcess({(program / "wavforge-cli").string(), "tags", "nothing.wav"});
+  EXPECT_EQ(missing.exit_code, 1);
+  EXPECT_NE(missing.err.find("nothing.wav does not exist"), std::string::npos) << missing.err;
   const auto result =
       RunProcess({(program / "wavforge-cli").string(), "tags", (recordings / "take1.wav").string(),
                   (recordings / "Band - Song.wav").string()});

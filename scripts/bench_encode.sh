@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Encodes the same recordings to MP3 twice over: through `wavforge-cli encode --wait` (the
-# program's job: script, wavforge-cmd, lame at nice 10, the watch that notices the end) and
-# through a plain shell script running the very lame lines the job would run. Prints the best
+# program's job: plan, script, wavforge-cmd, wavforge-encode running lame at nice 10 and
+# checking its output, the watch that notices the end) and through a plain shell script
+# running lame with the same options, tags and output names. Prints the best
 # time of each and the job's overhead. Everything happens in build/bench-encode with a
 # private home. Expects a release build: scripts/bench.sh makes one first.
 #
@@ -52,12 +53,21 @@ for i in $(seq 1 "$recordings"); do
   files+=("$file")
 done
 
-# The plain variant runs the job's own lame lines, taken from its dry run: same options, same
-# tags, same output names. The lines are quoted the same way in a batch file and in sh.
-"$cli" encode --dry-run "${files[@]}" > "$private_root/job.bat"
-tr -d '\r' < "$private_root/job.bat" | grep '^lame ' > "$private_root/plain.sh"
+# The plain variant runs lame as the job's tool does: same options, same tags, same output
+# names (from `tags`), without the tool's checks.
+"$cli" encode --dry-run "${files[@]}" | grep -v '^plan: ' > "$private_root/job.bat"
+options=$(tr -d '\r' < "$private_root/job.bat" | sed -n 's/.* mp3 lame \(.*\) --ta .*/\1/p' | head -1)
+[ -n "$options" ] || { echo "bench_encode: the dry run has no wavforge-encode lame line" >&2; exit 1; }
+"$cli" tags "${files[@]}" | awk -F= -v options="$options" '
+  function q(s) { gsub(/\047/, "\047\\\047\047", s); return "\047" s "\047" }
+  /^File=/ { file = substr($0, 6) } /^Genre=/ { genre = substr($0, 7) }
+  /^Artist=/ { artist = substr($0, 8) } /^Album=/ { album = substr($0, 7) }
+  /^Title=/ { title = substr($0, 7) }
+  /^OutputPath=/ { print "lame " options " --ta " q(artist) " --tt " q(title) \
+    " --tl " q(album) " --tg " q(genre) " " q(file) " " q(substr($0, 12) ".mp3") }' \
+  > "$private_root/plain.sh"
 [ "$(wc -l < "$private_root/plain.sh")" -eq "$recordings" ] ||
-  { echo "bench_encode: the dry run did not give one lame line per recording" >&2; exit 1; }
+  { echo "bench_encode: could not build one lame line per recording" >&2; exit 1; }
 "$cli" tags "${files[@]}" | sed -n 's/^OutputPath=//p' | while read -r output; do
   mkdir -p "$(dirname "$output")"
 done
@@ -80,9 +90,9 @@ run_job() {
   "$cli" encode --wait "${files[@]}" > "$private_root/job.log"
 }
 # The job's script run by the interpreter in the foreground: the job without its start and
-# without the watch that notices its end.
+# without the watch that notices its end. In the program folder, as the job runs it.
 run_script() {
-  "$cli_folder/wavforge-cmd" "$private_root/job.bat" > /dev/null 2>&1
+  (cd "$cli_folder" && ./wavforge-cmd "$private_root/job.bat" > /dev/null 2>&1)
 }
 run_plain() {
   sh "$private_root/plain.sh"

@@ -6,10 +6,12 @@
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "platform/posix/private_folder.h"
 #include "platform/posix/sqlite_database.h"
 #include "platform/registry_names.h"
 
@@ -34,9 +36,18 @@ constexpr std::string_view kEnvironmentKey = "environment";
 constexpr std::string_view kInternetSettingsKey =
     ".default\\software\\microsoft\\windows\\currentversion\\internet settings";
 
-std::string TempFolder() {
+// The user's temporary folder: $TMPDIR when set, else a private folder, not the shared /tmp:
+// the scripts written there would be open to other users, and the main window deletes every
+// script in it when it closes. Nothing when that folder is not safely ours.
+std::optional<std::string> TempFolder() {
   const char* tmpdir = std::getenv("TMPDIR");
-  return tmpdir != nullptr && *tmpdir != '\0' ? tmpdir : "/tmp";
+  if (tmpdir != nullptr && *tmpdir != '\0') return tmpdir;
+  const char* runtime = std::getenv("XDG_RUNTIME_DIR");
+  const std::string folder = runtime != nullptr && *runtime == '/'
+                                 ? std::string(runtime) + "/wavforge"
+                                 : "/tmp/wavforge-" + std::to_string(geteuid());
+  if (!EnsurePrivateFolder(folder)) return std::nullopt;
+  return folder;
 }
 
 bool IsDirectoryWritable(const std::filesystem::path& folder) {
@@ -193,8 +204,9 @@ std::optional<RegistryValue> SqliteRegistry::VirtualValue(RegistryRoot root,
                                                           const std::string& folded_name) const {
   if (root == RegistryRoot::kCurrentUser && folded_path == kEnvironmentKey &&
       (folded_name == "temp" || folded_name == "tmp")) {
-    return RegistryValue{static_cast<std::uint32_t>(RegistryType::kExpandableText),
-                         TempFolder() + '\0'};
+    const std::optional<std::string> folder = TempFolder();
+    if (!folder) return std::nullopt;
+    return RegistryValue{static_cast<std::uint32_t>(RegistryType::kExpandableText), *folder + '\0'};
   }
   if (root == RegistryRoot::kUsers && folded_path == kInternetSettingsKey &&
       folded_name == "user agent" && !user_agent_.empty()) {

@@ -1,6 +1,7 @@
 #include "platform/posix/posix_file_system.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -22,6 +23,12 @@ std::optional<std::uint64_t> PosixFileSystem::FileSize(const std::string& path) 
 bool PosixFileSystem::CreateFolder(const std::string& path) {
   std::error_code error;
   fs::create_directory(path, error);
+  return fs::is_directory(path, error);
+}
+
+bool PosixFileSystem::CreatePrivateFolder(const std::string& path) {
+  mkdir(path.c_str(), 0700);
+  std::error_code error;
   return fs::is_directory(path, error);
 }
 

@@ -242,6 +242,8 @@ TEST_F(SqliteRegistryTest, EnvironmentHasNoOtherValuesAndStoredOnesWin) {
   ASSERT_TRUE(registry.SetDefaultText(kUser, "Environment", ""));
   ASSERT_TRUE(registry.SetValue(kUser, "Environment", "TEMP", Text("/stored")));
   EXPECT_EQ(registry.QueryValue(kUser, "Environment", "Temp"), Text("/stored"));
+  EXPECT_EQ(fs::status(UserStore()).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_EQ(fs::status(UserStore().parent_path()).permissions(), fs::perms::owner_all);
   EXPECT_EQ(registry.QueryValue(kUser, "Environment", "Tmp"),
             (RegistryValue{2, TempFolder().string() + '\0'}));
 }

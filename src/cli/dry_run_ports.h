@@ -16,6 +16,7 @@ class DryRunFileSystem final : public platform::FileSystem {
     return real_.FileSize(path);
   }
   bool CreateFolder(const std::string&) override { return true; }
+  bool CreatePrivateFolder(const std::string&) override { return true; }
   bool CopyFile(const std::string&, const std::string&) override { return true; }
   bool AppendToFile(const std::string&, const std::string&) override { return true; }
   std::error_code WriteFile(const std::string&, const std::string&) override { return {}; }

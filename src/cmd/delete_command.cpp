@@ -5,10 +5,12 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "cmd/delete_options.h"
+#include "cmd/file_name_lookup.h"
 #include "cmd/output.h"
 #include "cmd/wildcard.h"
 #include "platform/path_rules.h"
@@ -37,10 +39,17 @@ void DeleteFile(const std::string& path, InterpreterState& state) {
   state.error_level = 1;
 }
 
+// A plain name: the file it stands for, never a folder.
+void DeleteNamed(const std::string& name, InterpreterState& state) {
+  const std::optional<std::string> file = FindFileIgnoringCase(name);
+  if (file && !IsRealFolder(*file)) DeleteFile(*file, state);
+}
+
 // Deletes the files of folder whose names match pattern; with recurse, in its subfolders too
 // (links to folders are not followed).
 void DeleteMatching(const std::string& folder, const std::string& pattern, bool recurse,
                     InterpreterState& state) {
+  const bool wildcards = HasWildcards(pattern);
   std::vector<std::string> files;
   std::vector<std::string> subfolders;
   DIR* listing = opendir(folder.empty() ? "." : folder.c_str());
@@ -51,9 +60,10 @@ void DeleteMatching(const std::string& folder, const std::string& pattern, bool 
     const std::string path = Join(folder, name);
     const bool is_folder = IsRealFolder(path);
     if (is_folder && recurse) subfolders.push_back(path);
-    if (!is_folder && MatchesWildcard(pattern, name)) files.push_back(path);
+    if (!is_folder && wildcards && MatchesWildcard(pattern, name)) files.push_back(path);
   }
   closedir(listing);
+  if (!wildcards) DeleteNamed(Join(folder, pattern), state);
   for (const std::string& file : files) DeleteFile(file, state);
   for (const std::string& subfolder : subfolders) DeleteMatching(subfolder, pattern, true, state);
 }
@@ -65,7 +75,7 @@ void DeleteName(const std::string& name, bool recurse, InterpreterState& state) 
   if (pattern.empty() || (!HasWildcards(pattern) && IsRealFolder(name))) {
     DeleteMatching(name, kAllFiles, recurse, state);  // a folder stands for all its files
   } else if (!HasWildcards(pattern) && !recurse) {
-    if (!IsRealFolder(name)) DeleteFile(name, state);
+    DeleteNamed(name, state);
   } else {
     DeleteMatching(name.substr(0, pattern_at), pattern, recurse, state);
   }

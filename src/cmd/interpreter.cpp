@@ -105,8 +105,8 @@ void Interpreter::RunCommand(std::string_view command) {
   }
 }
 
-int RunScript(const std::string& path, Interpreter& interpreter) {
-  ScriptLineReader reader(path);
+int RunScript(const std::string& path, const FileIdentity& identity, Interpreter& interpreter) {
+  ScriptLineReader reader(path, identity);
   while (const std::optional<std::string> line = reader.Next()) {
     if (!interpreter.RunLine(*line)) break;
   }

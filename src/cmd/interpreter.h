@@ -5,6 +5,7 @@
 
 #include "cmd/expansion.h"
 #include "cmd/interpreter_state.h"
+#include "cmd/script_file.h"
 
 namespace wavforge::cmd {
 
@@ -34,7 +35,8 @@ class Interpreter {
   InterpreterState state_;
 };
 
-// Runs a script to its end, to an exit command, or until the script file is gone.
-int RunScript(const std::string& path, Interpreter& interpreter);
+// Runs a script to its end, to an exit command, or until its name no longer holds the file
+// identity names.
+int RunScript(const std::string& path, const FileIdentity& identity, Interpreter& interpreter);
 
 }  // namespace wavforge::cmd

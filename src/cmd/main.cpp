@@ -11,6 +11,7 @@
 #include "cmd/interpreter.h"
 #include "cmd/invocation.h"
 #include "cmd/output.h"
+#include "cmd/script_file.h"
 #include "platform/posix/console_title.h"
 
 namespace {
@@ -75,10 +76,17 @@ int main(int argc, char** argv) {
     WriteError(invocation.error + "\n");
     return 1;
   }
-  if (!invocation.command_mode && access(invocation.script.c_str(), R_OK) != 0) {
+  const ScriptCheck script = invocation.command_mode ? ScriptCheck{ScriptSafety::kSafe, {}}
+                                                     : CheckScript(invocation.script);
+  if (script.safety == ScriptSafety::kMissing) {
     WriteError("'" + invocation.script +
                "' is not recognized as an internal or external command,\n"
                "operable program or batch file.\n");
+    return 1;
+  }
+  if (script.safety == ScriptSafety::kUnsafe) {
+    WriteError("wavforge-cmd: not running '" + invocation.script +
+               "': a script must be a regular file of yours that nobody else may change.\n");
     return 1;
   }
 
@@ -103,7 +111,7 @@ int main(int argc, char** argv) {
     interpreter.RunLine(invocation.command_line);
     exit_code = interpreter.ExitCode();
   } else {
-    exit_code = RunScript(invocation.script, interpreter);
+    exit_code = RunScript(invocation.script, script.identity, interpreter);
   }
   ClearConsoleTitle(title_folder, pid);
   return exit_code;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cmd/builtin_tokens.h"
+#include "cmd/file_name_lookup.h"
 #include "cmd/output.h"
 
 namespace wavforge::cmd {
@@ -23,20 +24,22 @@ void RunMoveCommand(std::string_view rest, InterpreterState& state) {
     state.error_level = 1;
     return;
   }
+  // The source's name as it is on disk, which a move into a folder keeps.
+  const fs::path source = FindFileIgnoringCase(names[0]).value_or(names[0]);
   fs::path target = names[1];
   std::error_code error;
-  if (fs::is_directory(target, error)) target /= fs::path(names[0]).filename();
-  if (!fs::is_regular_file(names[0], error)) {
+  if (fs::is_directory(target, error)) target /= source.filename();
+  if (!fs::is_regular_file(source, error)) {
     WriteError("The system cannot find the file specified.\n");
     state.error_level = 1;
     return;
   }
-  fs::rename(names[0], target, error);
+  fs::rename(source, target, error);
   if (error == std::errc::cross_device_link) {
     // Another file system: copy, then remove the original.
     error.clear();
-    if (fs::copy_file(names[0], target, fs::copy_options::overwrite_existing, error)) {
-      fs::remove(names[0], error);
+    if (fs::copy_file(source, target, fs::copy_options::overwrite_existing, error)) {
+      fs::remove(source, error);
     }
   }
   if (error) {

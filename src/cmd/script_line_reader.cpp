@@ -1,6 +1,7 @@
 #include "cmd/script_line_reader.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -31,9 +32,15 @@ std::string WithoutCarriageReturns(std::string_view raw) {
 }
 
 std::optional<std::string> ScriptLineReader::Next() {
-  const int fd = open(path_.c_str(), O_RDONLY | O_CLOEXEC);
+  const int fd = open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
   if (fd < 0) return std::nullopt;
   FileCloser closer(fd);
+  struct stat info {};
+  if (fstat(fd, &info) != 0) return std::nullopt;
+  const FileIdentity identity{static_cast<std::uint64_t>(info.st_dev),
+                              static_cast<std::uint64_t>(info.st_ino)};
+  if (!identity_) identity_ = identity;
+  if (identity != *identity_) return std::nullopt;
   std::string raw;
   char buffer[kChunk];
   while (true) {

@@ -3,6 +3,14 @@
 namespace wavforge::cmd {
 namespace {
 
+// Only ASCII letters: bytes of other characters compare as they are.
+bool SameLetter(char a, char b) {
+  const auto lower = [](char c) {
+    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+  };
+  return lower(a) == lower(b);
+}
+
 // Iterative matching with one backtrack point: linear in practice, never exponential.
 bool Matches(std::string_view pattern, std::string_view name) {
   std::size_t p = 0;
@@ -13,7 +21,7 @@ bool Matches(std::string_view pattern, std::string_view name) {
     if (p < pattern.size() && pattern[p] == '*') {
       star = p++;
       star_name = n;
-    } else if (p < pattern.size() && (pattern[p] == '?' || pattern[p] == name[n])) {
+    } else if (p < pattern.size() && (pattern[p] == '?' || SameLetter(pattern[p], name[n]))) {
       ++p;
       ++n;
     } else if (star != std::string_view::npos) {

@@ -17,6 +17,9 @@ class FileSystem {
   virtual std::optional<std::uint64_t> FileSize(const std::string& path) const = 0;
   // Creates one folder; true when it exists afterwards.
   virtual bool CreateFolder(const std::string& path) = 0;
+  // The same for a folder of the user's own files, which only the user may enter; an existing
+  // folder is left as it is.
+  virtual bool CreatePrivateFolder(const std::string& path) = 0;
   // Copies a file over an existing one; false when nothing was copied.
   virtual bool CopyFile(const std::string& from, const std::string& to) = 0;
   // Writes bytes to the end of a file, creating the file but not its folder.

@@ -39,7 +39,7 @@ void SettingsLoader::LoadSettings(Settings& settings, const DelTempShown& show_d
         GetSpecialFolder(environment, 0, kAppDataFolder, true, false) + kSeparator + product;
     settings.SettingsFile = folder + kSeparator + product + ".ini";
     const auto size = ports_.files.FileSize(settings.SettingsFile).value_or(0);
-    ports_.files.CreateFolder(folder);
+    ports_.files.CreatePrivateFolder(folder);  // settings, logs and registry: the user's own
     // An empty per-user file is as good as none: the seed replaces it.
     if (size == 0) ports_.files.CopyFile(seed_file, settings.SettingsFile);
   } else {

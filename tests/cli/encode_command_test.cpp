@@ -81,7 +81,9 @@ class EncodeCommandTest : public testing_support::IsolatedHomeTest {
                                         std::vector<std::string> files = {},
                                         std::vector<std::string> extra = {},
                                         std::vector<std::string> prefix = {}) {
-    WriteFile(ConfigHome() / "Larkspur/Larkspur.ini", "[Options]\n" + options);
+    // The options go into the seed file, so the program makes its per-user folder itself.
+    fs::remove(ConfigHome() / "Larkspur/Larkspur.ini");
+    WriteFile(program / "Larkspur.ini", "[Options]\n" + options);
     if (files.empty()) {
       files = {(recordings / "take1.wav").string(), (recordings / "Band - Song.wav").string()};
     }
@@ -350,11 +352,24 @@ TEST_F(EncodeCommandTest, NormalisesBeforeEncoding) {
   EXPECT_EQ(left, (std::vector<std::string>{"Band - Song.wav", "take1.wav"}));
 }
 
-TEST_F(EncodeCommandTest, ReportsOutputsThatWereNotWritten) {
-  // A fix file whose MP3 command writes nothing.
+TEST_F(EncodeCommandTest, ReportsOutputsThatWereNotWrittenAndKeepsItsFilesPrivate) {
+  // A fix file whose MP3 command writes no output, only the modes of the temporary folder and
+  // the script to the tools' log. Without TMPDIR the temporary folder is the private one.
   WriteFile(program / "LarkspurFix.ini",
-            "[Encode]\nMP3=rem \"%2.mp3\"\\r\\n\n[EncParams]\nMP3=a;b;c;d;e;f\n");
+            R"([Encode]
+MP3=sh -c "stat -c %%a \"$XDG_RUNTIME_DIR/wavforge\" \"$XDG_RUNTIME_DIR\"/wavforge/*.bat" "%2.mp3" >>"%7"\r\n
+[EncParams]
+MP3=a;b;c;d;e;f
+)");
+  unsetenv("TMPDIR");
   const auto result = Encode("Encoder=1\nDelTemp=0\n");
+  EXPECT_EQ(ReadFile(ConfigHome() / "Larkspur/encode.log"), "700\n600\n700\n600\n");
+  const auto perms = [](const fs::path& path) { return fs::status(path).permissions(); };
+  EXPECT_EQ(perms(ConfigHome() / "Larkspur"), fs::perms::owner_all);
+  for (const auto& entry : fs::directory_iterator(ConfigHome() / "Larkspur")) {
+    if (entry.path().extension() != ".log" || entry.path().filename() == "encode.log") continue;
+    EXPECT_EQ(perms(entry), fs::perms::owner_read | fs::perms::owner_write) << entry.path();
+  }
   EXPECT_EQ(result.exit_code, 1);
   EXPECT_NE(result.out.find("missing " + (Home() / "Music/Band - Song.mp3").string()),
             std::string::npos)

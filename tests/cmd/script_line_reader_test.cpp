@@ -42,15 +42,17 @@ TEST_F(ScriptLineReaderFileTest, EndsWhenTheScriptIsDeleted) {
   EXPECT_EQ(reader.Next(), std::nullopt);
 }
 
-TEST_F(ScriptLineReaderFileTest, ReadsTheFileNowUnderTheNameNotTheOneOpenedFirst) {
+TEST_F(ScriptLineReaderFileTest, ReadsTheFileAsItIsNowButNotAnotherUnderItsName) {
   const auto path = TempFolder() / "job.bat";
-  testing_support::WriteFile(path, "one\r\ntwo\r\n");
+  testing_support::WriteFile(path, "one\r\ntwo\r\nthree\r\n");
   ScriptLineReader reader(path);
   EXPECT_EQ(reader.Next(), "one");
-  // A new file renamed over the old one: an open handle would still read "two".
-  testing_support::WriteFile(TempFolder() / "next.bat", "one\r\nreplaced\r\n");
+  // Rewritten in place: an open handle would still read "two".
+  testing_support::WriteFile(path, "one\r\nchanged\r\nthree\r\n");
+  EXPECT_EQ(reader.Next(), "changed");
+  // Another file renamed over it is another job's script.
+  testing_support::WriteFile(TempFolder() / "next.bat", "one\r\nchanged\r\nother\r\n");
   std::filesystem::rename(TempFolder() / "next.bat", path);
-  EXPECT_EQ(reader.Next(), "replaced");
   EXPECT_EQ(reader.Next(), std::nullopt);
 }
 

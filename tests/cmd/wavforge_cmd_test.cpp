@@ -32,6 +32,8 @@ ProcessResult RunInterpreter(const std::vector<std::string>& arguments, const fs
 
 constexpr const char* kNotRecognized =
     "' is not recognized as an internal or external command,\noperable program or batch file.\n";
+constexpr const char* kNotSafe =
+    ": a script must be a regular file of yours that nobody else may change.\n";
 
 std::string ReplaceAll(std::string text, const std::string& from, const std::string& to) {
   for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
@@ -123,12 +125,13 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     Files, WavforgeCmdScriptTest,
     ::testing::Values(
+        // The source is found ignoring letter case; a folder gets its name as it is on disk.
         ScriptCase{"MoveReplacesTheTarget",
-                   "@move /y \"norm 1.wav\" \"take 1.wav\"\r\n",
-                   {{"norm 1.wav", "new"}, {"take 1.wav", "old"}},
+                   "@move /y \"NORM 1.wav\" \"take 1.wav\"\r\n",
+                   {{"norm 1.WAV", "new"}, {"take 1.wav", "old"}},
                    "||job.bat;take 1.wav=new"},
         ScriptCase{"RenIntoAFolderKeepsTheName",
-                   "@ren a.wav sub\r\n",
+                   "@ren A.WAV sub\r\n",
                    {{"a.wav", "x"}, {"sub/keep", ""}},
                    "||job.bat;sub/a.wav=x;sub/keep"},
         ScriptCase{"MoveOfAMissingFileSaysSo",
@@ -148,9 +151,19 @@ INSTANTIATE_TEST_SUITE_P(
                    {{"rec/Band - Song.wav", ""},
                     {"rec/Band - Song.mp3", ""},
                     {"rec/Band - Song", ""},
+                    {"rec/BAND - SONG.WAV", ""},
                     {"rec/Band - Songs.wav", "s"},
                     {"rec/other.txt", "o"}},
                    "||job.bat;rec/Band - Songs.wav=s;rec/other.txt=o"},
+        // A plain name finds another letter case only when its exact name is not there.
+        ScriptCase{"DelPlainNameIgnoringCase",
+                   "@del \"rec/LOUD.wav\" rec/both.wav\r\n@del /s sub/Both.wav\r\n",
+                   {{"rec/loud.WAV", ""},
+                    {"rec/both.wav", ""},
+                    {"rec/BOTH.wav", "b"},
+                    {"sub/both.WAV", ""},
+                    {"sub/Both.wav", ""}},
+                   "||job.bat;rec/BOTH.wav=b;sub/both.WAV"},
         ScriptCase{"DelQuestionMarkInSubfolders",
                    "@del /q /s \"tree/?.tmp\"\r\n",
                    {{"tree/a.tmp", ""}, {"tree/sub/b.tmp", ""}, {"tree/sub/ab.tmp", "2"}},
@@ -168,7 +181,14 @@ INSTANTIATE_TEST_SUITE_P(
                    "@del \"%0.old\"\r\n@echo before>before.txt\r\n@del \"%0\"\r\n"
                    "@echo after>after.txt\r\n",
                    {},
-                   "||before.txt=before\n"}),
+                   "||before.txt=before\n"},
+        // A second job's script renamed over this one's name: none of its lines run here.
+        ScriptCase{"ScriptReplacedByAnotherStopsThere",
+                   "@move /y next.bat job.bat\r\n@echo first>first.txt\r\n",
+                   {{"next.bat",
+                     "@echo second>second.txt\r\n@echo second>second.txt\r\n"
+                     "@echo second>second.txt\r\n"}},
+                   "||job.bat"}),
     [](const auto& row) { return std::string(row.param.name); });
 
 class WavforgeCmdTest : public testing_support::IsolatedHomeTest {
@@ -270,12 +290,20 @@ TEST_F(WavforgeCmdTest, RunsOneCommandLine) {
        "1||Usage: wavforge-cmd SCRIPT [ARGUMENTS...]\n"
        "       wavforge-cmd [/q] /c COMMAND LINE...\n"},
       {{"missing.bat"}, std::string("1||'missing.bat") + kNotRecognized},
+      {{"link.bat"}, std::string("1||wavforge-cmd: not running 'link.bat'") + kNotSafe},
+      {{"shared.bat"}, std::string("1||wavforge-cmd: not running 'shared.bat'") + kNotSafe},
   };
+  // Whoever may change a script runs commands as us: a link or a group-writable one is refused.
+  WriteScript("@echo ran>ran.txt\r\n");
+  fs::create_symlink(Folder() / "job.bat", Folder() / "link.bat");
+  testing_support::WriteFile(Folder() / "shared.bat", "@echo ran>ran.txt\r\n");
+  fs::permissions(Folder() / "shared.bat", fs::perms::group_write, fs::perm_options::add);
   setenv("WF_TEST_VALUE", "val", 1);
   for (const auto& [arguments, expected] : cases) {
     const ProcessResult run = RunInterpreter(arguments, Folder());
     EXPECT_EQ(std::to_string(run.exit_code) + "|" + run.out + "|" + run.err, expected);
   }
+  EXPECT_FALSE(fs::exists(Folder() / "ran.txt"));
 }
 
 }  // namespace

@@ -45,6 +45,8 @@ class FakeFileSystem final : public platform::FileSystem {
     return true;
   }
 
+  bool CreatePrivateFolder(const std::string& path) override { return CreateFolder(path); }
+
   bool CopyFile(const std::string& from, const std::string& to) override {
     const auto found = files_.find(from);
     if (found == files_.end()) return false;

@@ -1,11 +1,12 @@
 #include "platform/posix/console_title.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
+
+#include "platform/posix/private_folder.h"
 
 namespace platform::posix {
 namespace {
@@ -16,15 +17,6 @@ constexpr std::size_t kMaxTitleBytes = 64 * 1024;
 std::string NonEmptyVariable(const char* name) {
   const char* value = std::getenv(name);
   return value ? std::string(value) : std::string();
-}
-
-// The folder must be ours alone: in a shared temporary folder somebody else could have made it
-// first, or put a link there.
-bool EnsurePrivateFolder(const std::string& folder) {
-  if (mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) return false;
-  struct stat info {};
-  if (lstat(folder.c_str(), &info) != 0) return false;
-  return S_ISDIR(info.st_mode) && info.st_uid == geteuid();
 }
 
 bool WriteAll(int fd, const std::string& bytes) {

@@ -1,15 +1,18 @@
 #include "platform/posix/sqlite_registry.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "platform/posix/private_folder.h"
 #include "platform/posix/sqlite_database.h"
 #include "platform/registry_names.h"
 
@@ -34,9 +37,18 @@ constexpr std::string_view kEnvironmentKey = "environment";
 constexpr std::string_view kInternetSettingsKey =
     ".default\\software\\microsoft\\windows\\currentversion\\internet settings";
 
-std::string TempFolder() {
+// The user's temporary folder: $TMPDIR when set, else a private folder, not the shared /tmp:
+// the scripts written there would be open to other users, and the main window deletes every
+// script in it when it closes. Nothing when that folder is not safely ours.
+std::optional<std::string> TempFolder() {
   const char* tmpdir = std::getenv("TMPDIR");
-  return tmpdir != nullptr && *tmpdir != '\0' ? tmpdir : "/tmp";
+  if (tmpdir != nullptr && *tmpdir != '\0') return tmpdir;
+  const char* runtime = std::getenv("XDG_RUNTIME_DIR");
+  const std::string folder = runtime != nullptr && *runtime == '/'
+                                 ? std::string(runtime) + "/wavforge"
+                                 : "/tmp/wavforge-" + std::to_string(geteuid());
+  if (!EnsurePrivateFolder(folder)) return std::nullopt;
+  return folder;
 }
 
 bool IsDirectoryWritable(const std::filesystem::path& folder) {
@@ -124,20 +136,34 @@ bool StoreValue(SqliteDatabase& db, const std::string& folded_path, const std::s
              .Next() == SqliteStatement::Step::kDone;
 }
 
+// Creates a store's folder and file when missing, with their modes set here rather than left
+// to SQLite. The user's store is the user's alone (folder 0700, file 0600); every user reads
+// the machine-wide one, so there only the file is made: nobody but its owner may change it.
+bool PrepareStore(const std::filesystem::path& file, bool user_only) {
+  if (file.has_parent_path()) {
+    const std::filesystem::path folder = file.parent_path();
+    std::error_code error;
+    if (!user_only) {
+      std::filesystem::create_directories(folder, error);
+    } else if (folder.has_parent_path()) {
+      std::filesystem::create_directories(folder.parent_path(), error);
+    }
+    if (error || (user_only && mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST)) return false;
+  }
+  const int fd = open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, user_only ? 0600 : 0644);
+  if (fd < 0) return false;
+  close(fd);
+  return true;
+}
+
 // Runs one change in its own write transaction; the store and its folder come into being
 // with the first write. The store keeps SQLite's rollback journal rather than WAL: a WAL
 // database cannot be read by someone who may not write its folder (the shared-memory file
 // must be writable), and every user reads the machine-wide store. Writes are rare and small,
-// so WAL's speed is not needed.
+// so WAL's speed is not needed. SQLite gives the journal the mode of the store's file.
 template <typename Change>
-bool WriteStore(const std::string& store, Change&& change) {
-  if (!CanWriteStore(store)) return false;
-  const std::filesystem::path file(store);
-  if (file.has_parent_path()) {
-    std::error_code error;
-    std::filesystem::create_directories(file.parent_path(), error);
-    if (error) return false;
-  }
+bool WriteStore(const std::string& store, bool user_only, Change&& change) {
+  if (!CanWriteStore(store) || !PrepareStore(store, user_only)) return false;
   auto db = SqliteDatabase::OpenForWriting(store);
   if (!db) return false;
   SqliteWriteTransaction transaction(*db);
@@ -193,8 +219,9 @@ std::optional<RegistryValue> SqliteRegistry::VirtualValue(RegistryRoot root,
                                                           const std::string& folded_name) const {
   if (root == RegistryRoot::kCurrentUser && folded_path == kEnvironmentKey &&
       (folded_name == "temp" || folded_name == "tmp")) {
-    return RegistryValue{static_cast<std::uint32_t>(RegistryType::kExpandableText),
-                         TempFolder() + '\0'};
+    const std::optional<std::string> folder = TempFolder();
+    if (!folder) return std::nullopt;
+    return RegistryValue{static_cast<std::uint32_t>(RegistryType::kExpandableText), *folder + '\0'};
   }
   if (root == RegistryRoot::kUsers && folded_path == kInternetSettingsKey &&
       folded_name == "user agent" && !user_agent_.empty()) {
@@ -234,7 +261,7 @@ bool SqliteRegistry::SetValue(RegistryRoot root, const std::string& subkey, cons
   // Without a store file only the root exists; no file is created for a write that fails.
   struct stat info {};
   if (!folded_path.empty() && stat(store->c_str(), &info) != 0) return false;
-  return WriteStore(*store, [&](SqliteDatabase& db) {
+  return WriteStore(*store, root == RegistryRoot::kCurrentUser, [&](SqliteDatabase& db) {
     return StoredKeyExists(db, folded_path) && StoreValue(db, folded_path, name, value);
   });
 }
@@ -246,7 +273,7 @@ bool SqliteRegistry::SetDefaultText(RegistryRoot root, const std::string& subkey
   if (store == nullptr || !parts) return false;
   const RegistryValue value{static_cast<std::uint32_t>(RegistryType::kText),
                             text.substr(0, text.find('\0')) + '\0'};
-  return WriteStore(*store, [&](SqliteDatabase& db) {
+  return WriteStore(*store, root == RegistryRoot::kCurrentUser, [&](SqliteDatabase& db) {
     return CreateKey(db, *parts) && StoreValue(db, FoldRegistryName(subkey), "", value);
   });
 }

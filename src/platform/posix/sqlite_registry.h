@@ -11,8 +11,9 @@ namespace platform::posix {
 // HKEY_LOCAL_MACHINE in the machine-wide one. Every call opens the file it needs and closes it
 // again, and every write is one transaction, so several processes may write at once. A few
 // values the program reads from the Windows registry come from the system instead:
-// HKEY_CURRENT_USER "Environment" "Temp" and "Tmp" (when not stored) from $TMPDIR, and the
-// default user's "User Agent" from the text given here (empty: no such value).
+// HKEY_CURRENT_USER "Environment" "Temp" and "Tmp" (when not stored) from $TMPDIR, else a
+// private folder of the user ($XDG_RUNTIME_DIR/wavforge, else /tmp/wavforge-<uid>, created on
+// use), and the default user's "User Agent" from the text given here (empty: no such value).
 // HKEY_CLASSES_ROOT holds nothing; it and HKEY_USERS refuse writes.
 class SqliteRegistry final : public Registry {
  public:

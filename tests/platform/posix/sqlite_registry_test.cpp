@@ -206,21 +206,30 @@ TEST_F(SqliteRegistryTest, ReadOnlyHiveRefusesWritesAndStillReads) {
 
 // --- Values supplied by the system ----------------------------------------------------------
 
-TEST_F(SqliteRegistryTest, TempValuesOfTheUsersEnvironmentComeFromTmpdir) {
-  const std::tuple<const char*, const char*, const char*> cases[] = {
+TEST_F(SqliteRegistryTest, TempValuesOfTheUsersEnvironmentComeFromTmpdirOrAPrivateFolder) {
+  const fs::path own = Root() / "run" / "wavforge";
+  const std::tuple<const char*, const char*, std::string> cases[] = {
       {"/var/tmp/anna", "Temp", "/var/tmp/anna"},
       {"/scratch dir", "TMP", "/scratch dir"},
-      {"", "Temp", "/tmp"},
-      {nullptr, "tmp", "/tmp"}};
+      {"", "Temp", own},
+      {nullptr, "tmp", own}};
   SqliteRegistry registry = Make();
   for (const auto& [tmpdir, name, expected] : cases) {
     tmpdir ? setenv("TMPDIR", tmpdir, 1) : unsetenv("TMPDIR");
     EXPECT_TRUE(registry.OpenKey(kUser, "ENVIRONMENT", kQuery));
-    EXPECT_EQ(registry.QueryValue(kUser, "environment", name),
-              (RegistryValue{2, std::string(expected) + '\0'}))
+    EXPECT_EQ(registry.QueryValue(kUser, "environment", name), (RegistryValue{2, expected + '\0'}))
         << (tmpdir ? tmpdir : "(unset)");
   }
   EXPECT_FALSE(fs::exists(UserStore()));
+  // Made on use for the user alone; one that others may enter is closed again.
+  EXPECT_EQ(fs::status(own).permissions(), fs::perms::owner_all);
+  fs::permissions(own, fs::perms(0755));
+  EXPECT_TRUE(registry.QueryValue(kUser, "Environment", "Temp"));
+  EXPECT_EQ(fs::status(own).permissions(), fs::perms::owner_all);
+  // A link in its place is not used.
+  fs::remove(own);
+  fs::create_directory_symlink(Root() / "tmp", own);
+  EXPECT_EQ(registry.QueryValue(kUser, "Environment", "Temp"), std::nullopt);
 }
 
 TEST_F(SqliteRegistryTest, EnvironmentHasNoOtherValuesAndStoredOnesWin) {
@@ -233,6 +242,8 @@ TEST_F(SqliteRegistryTest, EnvironmentHasNoOtherValuesAndStoredOnesWin) {
   ASSERT_TRUE(registry.SetDefaultText(kUser, "Environment", ""));
   ASSERT_TRUE(registry.SetValue(kUser, "Environment", "TEMP", Text("/stored")));
   EXPECT_EQ(registry.QueryValue(kUser, "Environment", "Temp"), Text("/stored"));
+  EXPECT_EQ(fs::status(UserStore()).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_EQ(fs::status(UserStore().parent_path()).permissions(), fs::perms::owner_all);
   EXPECT_EQ(registry.QueryValue(kUser, "Environment", "Tmp"),
             (RegistryValue{2, TempFolder().string() + '\0'}));
 }

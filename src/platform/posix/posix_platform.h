@@ -3,12 +3,12 @@
 #include <string>
 
 #include "platform/ports.h"
+#include "platform/posix/console_title_search.h"
 #include "platform/posix/ini_profile_reader.h"
 #include "platform/posix/posix_binary_file.h"
 #include "platform/posix/posix_environment.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_processes.h"
-#include "platform/posix/proc_window_search.h"
 #include "platform/posix/sqlite_registry.h"
 #include "platform/posix/system_clock.h"
 
@@ -33,7 +33,7 @@ class PosixPlatform {
   SystemClock clock_;
   PosixBinaryFileOpener binary_files_;
   PosixProcesses processes_;
-  ProcWindowSearch windows_;
+  ConsoleTitleSearch windows_;
   Ports ports_;
 };
 

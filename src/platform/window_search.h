@@ -1,6 +1,8 @@
 #pragma once
 
 #include <span>
+#include <utility>
+#include <vector>
 
 namespace platform {
 
@@ -13,6 +15,21 @@ class WindowSearch {
   // True when a window's whole title is one of titles, letter case ignored. Asking for all
   // titles at once lets a search look at each window only once.
   virtual bool AnyWindowTitled(std::span<const char* const> titles) = 0;
+};
+
+// Several searches as one: a window that any of them finds counts. Null entries are skipped.
+class AnyWindowSearch final : public WindowSearch {
+ public:
+  explicit AnyWindowSearch(std::vector<WindowSearch*> searches) : searches_(std::move(searches)) {}
+  bool AnyWindowTitled(std::span<const char* const> titles) override {
+    for (WindowSearch* search : searches_) {
+      if (search && search->AnyWindowTitled(titles)) return true;
+    }
+    return false;
+  }
+
+ private:
+  std::vector<WindowSearch*> searches_;
 };
 
 }  // namespace platform

@@ -18,8 +18,10 @@ namespace platform::posix {
 class PosixPlatform {
  public:
   // product names the folder of the registry stores; user_agent is what the browser engine
-  // calls itself, for the registry's user-agent value.
-  explicit PosixPlatform(const std::string& product, std::string user_agent = "");
+  // calls itself, for the registry's user-agent value. The window search sees the job scripts'
+  // console titles, and the windows display_windows finds when a front end has a display.
+  explicit PosixPlatform(const std::string& product, std::string user_agent = "",
+                         WindowSearch* display_windows = nullptr);
   PosixPlatform(const PosixPlatform&) = delete;
   PosixPlatform& operator=(const PosixPlatform&) = delete;
 
@@ -33,7 +35,8 @@ class PosixPlatform {
   SystemClock clock_;
   PosixBinaryFileOpener binary_files_;
   PosixProcesses processes_;
-  ConsoleTitleSearch windows_;
+  ConsoleTitleSearch console_titles_;
+  AnyWindowSearch windows_;
   Ports ports_;
 };
 

@@ -3,11 +3,11 @@
 #include <string>
 
 #include "platform/ports.h"
+#include "platform/posix/console_title_search.h"
 #include "platform/posix/ini_profile_reader.h"
 #include "platform/posix/posix_binary_file.h"
 #include "platform/posix/posix_environment.h"
 #include "platform/posix/posix_file_system.h"
-#include "platform/posix/proc_window_search.h"
 #include "platform/posix/registry_paths.h"
 #include "platform/posix/sqlite_registry.h"
 #include "platform/posix/system_clock.h"
@@ -54,7 +54,7 @@ class BenchPorts {
   platform::posix::SystemClock clock_;
   platform::posix::PosixBinaryFileOpener binary_files_;
   NoProcesses processes_;
-  platform::posix::ProcWindowSearch windows_;
+  platform::posix::ConsoleTitleSearch windows_;
   platform::Ports ports_;
 };
 

@@ -12,7 +12,12 @@ echo "Machine: $(nproc) CPUs,$(grep -m1 '^model name' /proc/cpuinfo | cut -d: -f
   "load average $(cut -d' ' -f1-3 /proc/loadavg)"
 echo
 echo "== build/release/bench/wavforge_bench $*"
-build/release/bench/wavforge_bench "$@"
+# The watch tick includes the display's windows: without a display, on a private Xvfb.
+if [ -z "${DISPLAY:-}" ] && command -v xvfb-run >/dev/null; then
+  xvfb-run -a build/release/bench/wavforge_bench "$@"
+else
+  build/release/bench/wavforge_bench "$@"
+fi
 echo
 echo "== scripts/bench_encode.sh"
 ./scripts/bench_encode.sh

@@ -7,8 +7,8 @@ packages=(
   # build and test
   cmake ninja-build g++ clang libclang-rt-14-dev clang-format
   libgtest-dev libgmock-dev libbenchmark-dev
-  # libraries
-  libsqlite3-dev libcli11-dev
+  # libraries (libxcb for the desktop program's window search)
+  libsqlite3-dev libcli11-dev libxcb1-dev pkg-config
   # the desktop program: Qt 6 Widgets; an X server, ImageMagick, xdotool and a window manager
   # for screenshots and start-up figures without a screen; free fonts standing in for
   # Tahoma, Verdana and Microsoft Sans Serif

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/posix/posix_platform.h"
+#include "platform/posix/x11_window_search.h"
 #include "qt/form_window.h"
 #include "qt/qt_user_interface.h"
 #include "qt/screen_fonts.h"
@@ -48,7 +49,11 @@ int main(int argc, char** argv) {
   }
 
   wavforge::qt::AddFontSubstitutes();
-  platform::posix::PosixPlatform system(wavforge::kProductName);
+  // The desktop program also sees the display's real windows. Through a connection of its own
+  // from $DISPLAY, not the toolkit's: on Wayland the toolkit has none, yet XWayland's windows
+  // are windows, and the searches never touch the toolkit's event queue.
+  platform::posix::X11WindowSearch display_windows;
+  platform::posix::PosixPlatform system(wavforge::kProductName, "", &display_windows);
   wavforge::qt::QtUserInterface ui;
   wavforge::ProgramObjects program(system.ports(), ui);
   wavforge::frmMain form(system.ports(), ui, program, wavforge::JoinCommandLine(arguments));

@@ -5,9 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "encoding/job_watch.h"
+#include "platform/posix/console_title_search.h"
 #include "support/isolated_home.h"
 #include "support/riff_builder.h"
 #include "support/run_process.h"
+#include "support/sleeping_processes.h"
 
 namespace {
 
@@ -352,6 +355,25 @@ TEST_F(EncodeCommandTest, NormalisesBeforeEncoding) {
   }
   std::sort(left.begin(), left.end());
   EXPECT_EQ(left, (std::vector<std::string>{"Band - Song.wav", "take1.wav"}));
+}
+
+// A program that merely has a tool's name is no window: neither the watch nor --wait waits for
+// it, however many run.
+TEST_F(EncodeCommandTest, ProgramsNamedLikeAToolAreNoJob) {
+  const testing_support::SleepingProcesses lame(Root() / "bin", "lame", 300);
+  platform::posix::ConsoleTitleSearch windows;
+  struct : wavforge::JobStatusView {
+    void SetStartEnabled(bool) override {}
+    void ShowStatusPicture(int) override {}
+  } view;
+  EXPECT_FALSE(wavforge::JobWatch(windows).Tick(wavforge::FileList({"/rec/a.wav"}), view));
+
+  WriteFile(program / "Larkspur.ini", "[Options]\nEncoder=1\nDelTemp=0\n");
+  // Bounded, so that waiting for the sleepers fails instead of hanging.
+  const auto result = RunProcess({"/usr/bin/timeout", "30", (program / "wavforge-cli").string(),
+                                  "encode", "--wait", (recordings / "take1.wav").string()});
+  EXPECT_EQ(result.exit_code, 0) << result.out << result.err;
+  EXPECT_GT(fs::file_size(Home() / "Music/Jazz FM/Anna - Blue.mp3"), 0u);
 }
 
 TEST_F(EncodeCommandTest, ReportsOutputsThatWereNotWrittenAndKeepsItsFilesPrivate) {

@@ -8,11 +8,11 @@
 
 #include "fakes/fake_processes.h"
 #include "fakes/fake_window_search.h"
+#include "platform/posix/console_title_search.h"
 #include "platform/posix/ini_profile_reader.h"
 #include "platform/posix/posix_binary_file.h"
 #include "platform/posix/posix_environment.h"
 #include "platform/posix/posix_file_system.h"
-#include "platform/posix/proc_window_search.h"
 #include "platform/posix/registry_paths.h"
 #include "platform/posix/sqlite_registry.h"
 #include "platform/posix/system_clock.h"
@@ -52,8 +52,8 @@ class CountingUserInterface final : public platform::UserInterface {
 };
 
 // The desktop program's main window on real widgets and the real Linux services, in a private
-// home whose program folder is the build's. Scripts are not started, and which programs run
-// is a test's choice unless it asks for the real process list.
+// home whose program folder is the build's. Scripts are not started, and which windows exist
+// is a test's choice unless it asks for the real console titles.
 class DesktopWindowTest : public testing_support::IsolatedHomeTest {
  protected:
   void TearDown() override {
@@ -72,12 +72,12 @@ class DesktopWindowTest : public testing_support::IsolatedHomeTest {
         "[General]\nLogToFile=0\nLanguage=" + language + "\n[Options]\n" + "Encoder=1\n" + options);
   }
 
-  FormWindow& Open(const std::string& command_line = "", bool real_process_list = false) {
+  FormWindow& Open(const std::string& command_line = "", bool real_windows = false) {
     const auto paths = platform::posix::DefaultRegistryPaths(kProductName);
     registry = std::make_unique<platform::posix::SqliteRegistry>(paths.user_store,
                                                                  paths.machine_store, "");
-    platform::WindowSearch& windows = real_process_list
-                                          ? static_cast<platform::WindowSearch&>(process_list)
+    platform::WindowSearch& windows = real_windows
+                                          ? static_cast<platform::WindowSearch&>(console_titles)
                                           : static_cast<platform::WindowSearch&>(fake_windows);
     ports = std::make_unique<platform::Ports>(platform::Ports{
         environment, files, profiles, *registry, clock, binary_files, processes, windows});
@@ -108,7 +108,7 @@ class DesktopWindowTest : public testing_support::IsolatedHomeTest {
   platform::posix::PosixBinaryFileOpener binary_files;
   fakes::FakeProcesses processes;
   fakes::FakeWindowSearch fake_windows;
-  platform::posix::ProcWindowSearch process_list;
+  platform::posix::ConsoleTitleSearch console_titles;
   std::unique_ptr<platform::Ports> ports;
   QtUserInterface qt_ui;
   CountingUserInterface ui{qt_ui};

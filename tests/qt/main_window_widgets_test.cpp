@@ -10,19 +10,16 @@
 #include <QTest>
 #include <QUrl>
 #include <algorithm>
-#include <chrono>
 #include <filesystem>
-#include <thread>
 
-#include "background_process.h"
 #include "desktop_window_fixture.h"
+#include "platform/posix/console_title.h"
 #include "qt/form_widgets.h"
 #include "qt/pictures.h"
+#include "support/sleeping_processes.h"
 
 namespace wavforge::qt {
 namespace {
-
-using testing_support::BackgroundProcess;
 
 // Sends a whole drag of this data onto a widget: enter, then drop in its middle.
 void DropOn(QWidget* widget, std::unique_ptr<QMimeData> owned) {
@@ -202,58 +199,45 @@ TEST_F(DesktopWindowTest, TheBoxSetsTheDeleteChoiceForThisRun) {
             std::string::npos);
 }
 
-// A copy of sleep under the name of a watched tool stands for a running job.
-class RunningToolTest : public DesktopWindowTest {
+// A copy of sleep named like the interpreter, with the script's console title, stands for a
+// running job.
+class RunningJobTest : public DesktopWindowTest {
  protected:
-  std::unique_ptr<BackgroundProcess> StartTool(const std::string& title) {
-    const auto tools = TempFolder() / "tools";
-    std::filesystem::create_directories(tools);
-    const auto copy = tools / title;
-    std::filesystem::copy_file("/bin/sleep", copy);
-    auto tool = std::make_unique<BackgroundProcess>(std::vector<std::string>{copy.string(), "60"},
-                                                    std::vector<std::string>{});
-    // Started is not yet running under its name: wait until the process list shows it.
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (!Listed(title) && std::chrono::steady_clock::now() < end) {
-      std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    EXPECT_TRUE(Listed(title));
-    return tool;
-  }
-  bool Listed(const std::string& title) {
-    const auto titles = process_list.WindowTitles();
-    return std::find(titles.begin(), titles.end(), title) != titles.end();
+  std::unique_ptr<testing_support::SleepingProcesses> StartJob() {
+    auto job = std::make_unique<testing_support::SleepingProcesses>(TempFolder() / "tools",
+                                                                    "wavforge-cmd", 1);
+    EXPECT_TRUE(platform::posix::PublishConsoleTitle(job->Pid(0), "Larkspur Encoder"));
+    return job;
   }
 };
 
-TEST_F(RunningToolTest, ARunningToolAnimatesTheIconAndKeepsStartDisabled) {
+TEST_F(RunningJobTest, ARunningJobAnimatesTheIconAndKeepsStartDisabled) {
   WriteSettings("English");
-  Open("", /*real_process_list=*/true);
+  Open("", /*real_windows=*/true);
   program->file_list.Replace({(Home() / "a.wav").string()});
   QWidget* icon = Widget("imgIcon", 0);
   EXPECT_TRUE(ShowsPicture(icon, "status0"));
 
-  auto tool = StartTool("ssrc");
+  auto job = StartJob();
   for (const char* frame : {"status2", "status3", "status4", "status1", "status2"}) {
     Tick();
     EXPECT_TRUE(ShowsPicture(icon, frame)) << frame;
     EXPECT_FALSE(Widget("cmdStart")->isEnabled()) << frame;
   }
-  kill(tool->Pid(), SIGKILL);
-  ASSERT_TRUE(tool->WaitForExit(std::chrono::seconds(5)));
+  job->Stop();
   Tick();
   EXPECT_TRUE(ShowsPicture(icon, "status3"));
   EXPECT_TRUE(Widget("cmdStart")->isEnabled());
 }
 
-TEST_F(RunningToolTest, ClosingDeletesTheBatchFilesAndLeavesTheToolsRunning) {
+TEST_F(RunningJobTest, ClosingDeletesTheBatchFilesAndLeavesTheJobRunning) {
   WriteSettings("English");
   const auto temp = TempFolder();
   for (const char* name : {"Larkspur101010.bat", "other.BAT", "keep.txt", "keep.bat.txt"}) {
     testing_support::WriteFile(temp / name, "x");
   }
-  Open("", /*real_process_list=*/true);
-  auto tool = StartTool("ssrc");
+  Open("", /*real_windows=*/true);
+  auto job = StartJob();
   Tick();
   ASSERT_FALSE(Widget("cmdStart")->isEnabled());
 
@@ -267,7 +251,7 @@ TEST_F(RunningToolTest, ClosingDeletesTheBatchFilesAndLeavesTheToolsRunning) {
   }
   std::sort(left.begin(), left.end());
   EXPECT_EQ(left, (std::vector<std::string>{"keep.bat.txt", "keep.txt"}));
-  EXPECT_TRUE(tool->Running());
+  EXPECT_EQ(kill(job->Pid(0), 0), 0);
 }
 
 TEST_F(DesktopWindowTest, TheCloseBoxUnloadsLikeStop) {

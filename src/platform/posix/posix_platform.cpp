@@ -12,9 +12,11 @@ SqliteRegistry MakeRegistry(const std::string& product, std::string user_agent) 
 
 }  // namespace
 
-PosixPlatform::PosixPlatform(const std::string& product, std::string user_agent)
+PosixPlatform::PosixPlatform(const std::string& product, std::string user_agent,
+                             WindowSearch* display_windows)
     : registry_(MakeRegistry(product, std::move(user_agent))),
       processes_(environment_.ProgramFolder()),
+      windows_({&console_titles_, display_windows}),
       ports_{environment_, files_,        profiles_,  registry_,
              clock_,       binary_files_, processes_, windows_} {}
 

@@ -3,12 +3,12 @@
 #include <string>
 
 #include "platform/ports.h"
+#include "platform/posix/console_title_search.h"
 #include "platform/posix/ini_profile_reader.h"
 #include "platform/posix/posix_binary_file.h"
 #include "platform/posix/posix_environment.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_processes.h"
-#include "platform/posix/proc_window_search.h"
 #include "platform/posix/sqlite_registry.h"
 #include "platform/posix/system_clock.h"
 
@@ -18,8 +18,10 @@ namespace platform::posix {
 class PosixPlatform {
  public:
   // product names the folder of the registry stores; user_agent is what the browser engine
-  // calls itself, for the registry's user-agent value.
-  explicit PosixPlatform(const std::string& product, std::string user_agent = "");
+  // calls itself, for the registry's user-agent value. The window search sees the job scripts'
+  // console titles, and the windows display_windows finds when a front end has a display.
+  explicit PosixPlatform(const std::string& product, std::string user_agent = "",
+                         WindowSearch* display_windows = nullptr);
   PosixPlatform(const PosixPlatform&) = delete;
   PosixPlatform& operator=(const PosixPlatform&) = delete;
 
@@ -33,7 +35,8 @@ class PosixPlatform {
   SystemClock clock_;
   PosixBinaryFileOpener binary_files_;
   PosixProcesses processes_;
-  ProcWindowSearch windows_;
+  ConsoleTitleSearch console_titles_;
+  AnyWindowSearch windows_;
   Ports ports_;
 };
 

@@ -1,22 +1,20 @@
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <thread>
-#include <vector>
+#include <tuple>
 
 #include "encoding/job_watch.h"
 #include "encoding/script_cleanup.h"
+#include "platform/posix/console_title.h"
+#include "platform/posix/console_title_search.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_processes.h"
-#include "platform/posix/proc_window_search.h"
 #include "support/isolated_home.h"
+#include "support/sleeping_processes.h"
 
 namespace platform::posix {
 namespace {
@@ -25,11 +23,6 @@ namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 using testing_support::ReadFile;
 using testing_support::WriteFile;
-
-bool HasTitle(ProcWindowSearch& search, const std::string& title) {
-  const auto titles = search.WindowTitles();
-  return std::find(titles.begin(), titles.end(), title) != titles.end();
-}
 
 template <typename Condition>
 bool WaitFor(Condition condition, std::chrono::milliseconds limit = 10s) {
@@ -41,30 +34,6 @@ bool WaitFor(Condition condition, std::chrono::milliseconds limit = 10s) {
   return condition();
 }
 
-// Runs a copy of sleep under another name, as a tool that shows a window of that title.
-class NamedProcess {
- public:
-  NamedProcess(const fs::path& folder, const std::string& name) {
-    const fs::path program = folder / name;
-    fs::copy_file("/bin/sleep", program);
-    pid_ = fork();
-    if (pid_ == 0) {
-      execl(program.c_str(), name.c_str(), "30", static_cast<char*>(nullptr));
-      _exit(127);
-    }
-  }
-  ~NamedProcess() { Stop(); }
-  void Stop() {
-    if (pid_ <= 0) return;
-    kill(pid_, SIGKILL);
-    waitpid(pid_, nullptr, 0);
-    pid_ = -1;
-  }
-
- private:
-  pid_t pid_ = -1;
-};
-
 class JobProcessesTest : public testing_support::IsolatedHomeTest {
  protected:
   void SetUp() override {
@@ -74,17 +43,34 @@ class JobProcessesTest : public testing_support::IsolatedHomeTest {
     fs::copy_file(WAVFORGE_CMD_PATH, program / "wavforge-cmd");
   }
 
+  bool AnyJobWindow() { return search.AnyWindowTitled(wavforge::kWatchedTitles); }
+
   fs::path program;
-  ProcWindowSearch search;
+  ConsoleTitleSearch search;
 };
 
-// "ssrc" because no other test runs a tool of that name at the same time.
-TEST_F(JobProcessesTest, AProgramNamedLikeAToolIsAWindowOfThatTitle) {
-  EXPECT_FALSE(HasTitle(search, "ssrc"));
-  NamedProcess ssrc(Root(), "ssrc");
-  EXPECT_TRUE(WaitFor([&] { return HasTitle(search, "ssrc"); }));
-  ssrc.Stop();
-  EXPECT_FALSE(HasTitle(search, "ssrc"));
+// Stand-ins that only look like interpreters to the search; the real one runs further down.
+TEST_F(JobProcessesTest, OnlyTheTitleOfALiveInterpreterIsAWindow) {
+  testing_support::SleepingProcesses interpreter(Root(), "wavforge-cmd", 1);
+  const testing_support::SleepingProcesses tool(Root(), "lame", 1);
+  const pid_t pid = interpreter.Pid(0);
+  const std::tuple<pid_t, const char*, bool> cases[] = {
+      {pid, "LARKSPUR encoder", true},
+      {pid, "oggenc", true},
+      {pid, "Larkspur Encoder - done", false},
+      {pid, " lame", false},
+      {tool.Pid(0), "lame", false},  // a title file, but not of an interpreter
+  };
+  for (const auto& [writer, title, counts] : cases) {
+    ASSERT_TRUE(PublishConsoleTitle(writer, title));
+    EXPECT_EQ(AnyJobWindow(), counts) << title;
+    ClearConsoleTitle(writer);
+  }
+  // Killed outright, an interpreter leaves its title behind: it no longer counts, and goes.
+  ASSERT_TRUE(PublishConsoleTitle(pid, "Larkspur Encoder"));
+  interpreter.Stop();
+  EXPECT_FALSE(AnyJobWindow());
+  EXPECT_EQ(ReadConsoleTitle(pid), std::nullopt);
 }
 
 TEST_F(JobProcessesTest, StartedScriptRunsDetachedBelowNormalPriorityInTheProgramFolder) {

@@ -19,7 +19,7 @@ cd "$(dirname "$0")/.."
 
 build=${MUTANTS_BUILD_DIR:-build/mutants}
 list=${MUTANTS_LIST:-scripts/mutants.list}
-test_timeout=${MUTANTS_TEST_TIMEOUT:-300}
+test_timeout=${MUTANTS_TEST_TIMEOUT:-120}
 results=$build/mutants-results.tsv
 backup=$build/mutant-backup
 
@@ -103,21 +103,34 @@ configure() {
 
 build_targets() { cmake --build "$build" -j2 --target "$@" >"$build/mutant-build.log" 2>&1; }
 
-# Runs the binaries; prints the failed tests one per line, TIMEOUT:<binary> when one ran out
-# of time and CRASH:<binary> when one ended without finishing its tests.
+# Runs the binaries; prints the failed tests one per line. A test that crashes its binary or
+# runs out of time is named too (with CRASH or TIMEOUT), and the binary runs again without it,
+# so the tests after it are not lost.
 run_tests() {
-  local binary status log
+  local binary log status excluded running tries tmp
   for binary in "$@"; do
     log=$build/mutant-$binary.log
-    status=0
-    (cd "$build/tests" && timeout -k 10 "$test_timeout" "./$binary" --gtest_brief=1) \
-      >"$log" 2>&1 </dev/null || status=$?
-    sed -n 's/^\[  FAILED  \] \([^ ,]*\).*/\1/p' "$log" | grep -v '^[0-9]*$' | sort -u || true
-    if [ "$status" = 124 ] || [ "$status" = 137 ]; then
-      echo "TIMEOUT:$binary"
-    elif [ "$status" != 0 ] && ! grep -q '^\[==========\] .* ran\.' "$log"; then
-      echo "CRASH:$binary"
-    fi
+    excluded="" tries=0
+    while :; do
+      status=0
+      # A temporary folder of its own, so what a crashed run leaves is removed with it. The
+      # braces keep the shell's own notice of a crash out of the table.
+      tmp=$(mktemp -d /tmp/wavforge-mutants-XXXXXX)
+      { (cd "$build/tests" && TMPDIR=$tmp timeout -k 10 "$test_timeout" "./$binary" \
+        ${excluded:+"--gtest_filter=-${excluded#:}"}) >"$log" 2>&1 </dev/null; } 2>/dev/null ||
+        status=$?
+      rm -rf "$tmp"
+      sed -n 's/^\[  FAILED  \] \([^ ,]*\).*/\1/p' "$log" | grep -v '^[0-9]*$' | sort -u || true
+      grep -q '^\[==========\] .* ran\.' "$log" && break
+      if [ "$status" = 124 ] || [ "$status" = 137 ]; then echo TIMEOUT; else echo CRASH; fi
+      running=$(awk '/^\[ RUN      \]/ { run = $4 }
+        /^\[       OK \]|^\[  FAILED  \]/ { t = $4; sub(/,$/, "", t); if (t == run) run = "" }
+        END { print run }' "$log")
+      tries=$((tries + 1))
+      [ -n "$running" ] && [ "$tries" -lt 5 ] || { echo "$binary"; break; }
+      echo "$running"
+      excluded="$excluded:$running"
+    done
   done
 }
 
@@ -207,7 +220,7 @@ for i in "${selected[@]}"; do
       skipped=$((skipped + 1))
     else
       applied=$((applied + 1))
-      outcome=$(run_tests "${binaries[@]}" | tr '\n' ' ' | sed 's/ $//')
+      outcome=$(run_tests "${binaries[@]}" | sort -u | tr '\n' ' ' | sed 's/ $//')
       if [ -n "$outcome" ]; then caught=$((caught + 1)); else outcome=SURVIVED; fi
     fi
     restore

@@ -7,8 +7,6 @@
 namespace wavforge {
 namespace {
 
-using namespace std::string_literals;
-
 TEST(PathBaseNameTest, TakesLastComponentWithoutExtension) {
   const std::pair<const char*, const char*> cases[] = {
       {"/home/a.b.c", "a.b"},    // only the last extension goes
@@ -37,11 +35,6 @@ TEST(CleanNameTest, ReplacesForbiddenCharacters) {
     EXPECT_EQ(CleanPathChars(c.input), c.path_chars) << c.input;
     EXPECT_EQ(CleanFileName(c.input), c.file_name) << c.input;
   }
-}
-
-TEST(TrimAtNulTest, CutsAtFirstNul) {
-  EXPECT_EQ(TrimAtNul("abc\0def\0"s), "abc");
-  EXPECT_EQ(TrimAtNul("abc"), "abc");
 }
 
 }  // namespace

@@ -46,22 +46,6 @@ TEST(ProfileTextTest, CutsValueAndDefaultToTheBuffer) {
   }
 }
 
-TEST(ProfileTextTest, ReadsValueOrDefault) {
-  const std::pair<std::string, std::string> cases[] = {
-      {"[Options]\nTempPath=/scratch", "/scratch"},
-      {"[Options]\nTempPath=", ""},  // an empty value is no reason for the default
-      {"[Options]\nMusicPath=/m", "%Temp%"},
-      {"[Options]\nTempPath=/a\0/b"s, "/a"},  // cut at NUL like a buffer
-  };
-  for (const auto& [file, expected] : cases) {
-    fakes::MemoryProfileReader reader;
-    reader.SetFile(kFile, file);
-    EXPECT_EQ(GetProfileText(reader, kFile, "Options", "TempPath", "%Temp%", kSettingTextCapacity),
-              expected)
-        << file;
-  }
-}
-
 constexpr std::int64_t kDefault = 42;
 constexpr std::int64_t kMax = std::numeric_limits<std::int64_t>::max();
 constexpr std::int64_t kMin = std::numeric_limits<std::int64_t>::min();
@@ -91,13 +75,6 @@ TEST(ProfileNumberTest, ReadsLeadingInteger) {
   }
 }
 
-TEST(SplitListTest, SplitsAtEverySeparatorWithoutTrimming) {
-  EXPECT_EQ(SplitList("a;;b;", ';'), (Names{"a", "", "b", ""}));
-  EXPECT_EQ(SplitList(" a ; b ", ';'), (Names{" a ", " b "}));
-  EXPECT_EQ(SplitList("", ';'), Names{});
-  EXPECT_EQ(SplitList("a\0b\0"s, '\0'), (Names{"a", "b", ""}));
-}
-
 // "alpha\0beta\0gamma\0" and the closing NUL need 18 characters.
 TEST(ProfileNameListTest, CutsLikeANulSeparatedBuffer) {
   const std::pair<std::size_t, Names> cases[] = {
@@ -112,15 +89,6 @@ TEST(ProfileNameListTest, CutsLikeANulSeparatedBuffer) {
     EXPECT_EQ(GetProfileKeyNames(reader, kFile, "", capacity), expected) << capacity;
     EXPECT_EQ(GetProfileSectionNames(reader, kFile, capacity), expected) << capacity;
   }
-}
-
-TEST(ProfileNameListTest, KeepsDuplicateKeysAndSkipsOtherSections) {
-  fakes::MemoryProfileReader reader;
-  reader.SetFile(kFile, "[Nav]\nhome=start.htm\n[Other]\nx=1\n[nav]\nHOME=again.htm\n");
-  EXPECT_EQ(GetProfileKeyNames(reader, kFile, "NAV", kLargeProfileBufferCapacity),
-            (Names{"home", "HOME"}));
-  EXPECT_EQ(GetProfileSectionNames(reader, kFile, kLargeProfileBufferCapacity),
-            (Names{"Nav", "Other"}));
 }
 
 }  // namespace

@@ -30,8 +30,6 @@ RegistryValue Text(const std::string& text) {
   return {1, text + '\0'};
 }
 
-// --- RegRead -------------------------------------------------------------------------------
-
 TEST(RegReadTest, ReadsByType) {
   // "Temp" of HKEY_CURRENT_USER "Environment", read with a default.
   const std::tuple<std::optional<RegistryValue>, RegistryData, RegistryData> cases[] = {
@@ -81,71 +79,6 @@ TEST(RegReadTest, ReadsTheDefaultValueByExactNamesOnly) {
   }
 }
 
-// --- RegWrite ------------------------------------------------------------------------------
-
-TEST(RegWriteTest, MissingSubkeyIsCreatedWithEmptyDefault) {
-  FakeRegistry registry;
-  EXPECT_TRUE(RegWrite(registry, kUser, "Software\\Microsoft\\Internet Explorer",
-                       "Download Directory", "/srv/larkspur"s));
-  EXPECT_EQ(registry.Get(kUser, "Software\\Microsoft\\Internet Explorer", ""), Text(""));
-  EXPECT_EQ(registry.Get(kUser, "Software\\Microsoft\\Internet Explorer", "Download Directory"),
-            Text("/srv/larkspur"));
-}
-
-TEST(RegWriteTest, ExistingKeyKeepsItsDefault) {
-  FakeRegistry registry;
-  registry.Put(kUser, "Software\\Test", "", Text("keep"));
-  EXPECT_TRUE(RegWrite(registry, kUser, "software\\test", "Name", "value"s));
-  EXPECT_EQ(registry.Get(kUser, "Software\\Test", ""), Text("keep"));
-}
-
-TEST(RegWriteTest, NumbersAreFourLittleEndianBytes) {
-  FakeRegistry registry;
-  for (const auto& [number, bytes] :
-       {std::pair{std::int32_t{-2}, "\xfe\xff\xff\xff"s}, {0x12345678, "\x78\x56\x34\x12"s}}) {
-    EXPECT_TRUE(RegWrite(registry, kUser, "Software\\Test", "Code", number));
-    EXPECT_EQ(registry.Get(kUser, "Software\\Test", "Code"), (RegistryValue{4, bytes}));
-  }
-}
-
-TEST(RegWriteTest, OnlyExactNamesAddressTheDefault) {
-  for (const auto& [name, sets_default] :
-       {std::pair{"*", true}, {"(Standard)", true}, {"(standard)", false}}) {
-    FakeRegistry registry;
-    EXPECT_TRUE(RegWrite(registry, kUser, "Software\\Test", name, "text"s));
-    EXPECT_EQ(registry.Get(kUser, "Software\\Test", ""), Text(sets_default ? "text" : "")) << name;
-    EXPECT_EQ(registry.Get(kUser, "Software\\Test", name).has_value(), !sets_default) << name;
-  }
-}
-
-TEST(RegWriteTest, NumberAsDefaultValueIsRefused) {
-  FakeRegistry registry;
-  EXPECT_FALSE(RegWrite(registry, kUser, "Software\\Test", "*", 5));
-  EXPECT_FALSE(registry.OpenKey(kUser, "Software", platform::RegistryAccess::kQuery));
-}
-
-TEST(RegWriteTest, ReadOnlyHiveRefusesAndCreatesNothing) {
-  FakeRegistry registry;
-  registry.Put(kMachine, "Software\\Existing", "Name", Text("old"));
-  registry.SetReadOnly(kMachine);
-  EXPECT_FALSE(RegWrite(registry, kMachine, "Software\\New", "Name", "new"s));
-  EXPECT_FALSE(RegWrite(registry, kMachine, "Software\\Existing", "Name", "new"s));
-  EXPECT_FALSE(registry.OpenKey(kMachine, "Software\\New", platform::RegistryAccess::kQuery));
-  EXPECT_EQ(registry.Get(kMachine, "Software\\Existing", "Name"), Text("old"));
-}
-
-TEST(SaveSettingTest, WritesUnderTheProgramKeyOfItsHive) {
-  FakeRegistry registry;
-  EXPECT_TRUE(SaveAppSetting(registry, "Flags", "Code", "200"s));
-  EXPECT_TRUE(SaveMachineSetting(registry, "", "Count", 3));
-  EXPECT_EQ(registry.Get(kUser, kProgramKey + "\\Flags", "Code"), Text("200"));
-  EXPECT_EQ(registry.Get(kMachine, kProgramKey, "Count"), (RegistryValue{4, "\x03\0\0\0"s}));
-  EXPECT_EQ(registry.Get(kMachine, kProgramKey + "\\Flags", "Code"), std::nullopt);
-  EXPECT_EQ(registry.Get(kUser, kProgramKey, "Count"), std::nullopt);
-}
-
-// --- The administrator test ----------------------------------------------------------------
-
 TEST(HasMachineWriteAccessTest, TellsWhereTheMarkerLandedAndClearsIt) {
   const fakes::FakeClock clock({2024, 5, 17, 12, 34, 56});
   FakeRegistry writable;
@@ -155,16 +88,6 @@ TEST(HasMachineWriteAccessTest, TellsWhereTheMarkerLandedAndClearsIt) {
   redirected.RedirectMachineWrites();
   EXPECT_FALSE(HasMachineWriteAccess(redirected, clock));
   EXPECT_EQ(redirected.Get(kClasses, kVirtualProgramKey, ""), Text(""));
-  FakeRegistry refused;
-  refused.SetReadOnly(kMachine);
-  EXPECT_FALSE(HasMachineWriteAccess(refused, clock));
-}
-
-TEST(HasMachineWriteAccessTest, StaleVirtualCopyDoesNotHideRealAccess) {
-  // An earlier run without rights left an empty default in the virtual store.
-  FakeRegistry registry;
-  registry.Put(kClasses, kVirtualProgramKey, "", Text(""));
-  EXPECT_TRUE(HasMachineWriteAccess(registry, fakes::FakeClock({2024, 5, 17, 0, 0, 0})));
 }
 
 }  // namespace

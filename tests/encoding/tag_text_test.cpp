@@ -1,7 +1,6 @@
 #include "encoding/tag_text.h"
 
 #include <gtest/gtest.h>
-#include <iconv.h>
 
 #include <string>
 
@@ -28,35 +27,6 @@ TEST(DecodeTagTextTest, KeepsStrictUtf8AndReadsAnythingElseAsWindows1252) {
       {"Caf\xE9\0\xC3\xA9"s, "Caf\xC3\xA9"},
   };
   for (const auto& [raw, expected] : cases) EXPECT_EQ(DecodeTagText(raw), expected) << raw;
-}
-
-// The system's converter is the reference for the 251 bytes Windows-1252 defines.
-std::string SystemWindows1252ToUtf8(unsigned char byte) {
-  iconv_t converter = iconv_open("UTF-8", "CP1252");
-  if (converter == reinterpret_cast<iconv_t>(-1)) return "<no converter>";
-  char in = static_cast<char>(byte);
-  char out[8] = {};
-  char* in_ptr = &in;
-  char* out_ptr = out;
-  std::size_t in_left = 1;
-  std::size_t out_left = sizeof(out);
-  const auto result = iconv(converter, &in_ptr, &in_left, &out_ptr, &out_left);
-  iconv_close(converter);
-  if (result == static_cast<std::size_t>(-1)) return "<undefined>";
-  return std::string(out, sizeof(out) - out_left);
-}
-
-TEST(DecodeTagTextTest, EveryHighByteMapsLikeTheSystemConverter) {
-  for (int byte = 0x80; byte <= 0xFF; ++byte) {
-    std::string expected = SystemWindows1252ToUtf8(static_cast<unsigned char>(byte));
-    if (byte == 0x81 || byte == 0x8D || byte == 0x8F || byte == 0x90 || byte == 0x9D) {
-      ASSERT_EQ(expected, "<undefined>");
-      // Undefined in the code page: the byte keeps its value as a code point.
-      expected = {static_cast<char>(0xC2), static_cast<char>(byte)};
-    }
-    EXPECT_EQ(DecodeTagText(std::string(1, static_cast<char>(byte))), expected)
-        << "byte 0x" << std::hex << byte;
-  }
 }
 
 }  // namespace

@@ -1,16 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <map>
 #include <string>
 #include <vector>
 
-#include "encoding/job_watch.h"
-#include "platform/posix/console_title_search.h"
 #include "support/isolated_home.h"
 #include "support/riff_builder.h"
 #include "support/run_process.h"
-#include "support/sleeping_processes.h"
 
 namespace {
 
@@ -35,27 +31,13 @@ std::string Recording(const std::vector<std::pair<std::string, std::string>>& ta
   return testing_support::RiffChunk("WAVE", body);
 }
 
-// What ffprobe says of a file: codec, sample rate and the four tags.
-std::map<std::string, std::string> Probe(const fs::path& file) {
-  const auto result = RunProcess({"/usr/bin/ffprobe", "-v", "error", "-show_entries",
-                                  "stream=codec_name,sample_rate:format_tags=artist,title,album,"
-                                  "genre:stream_tags=artist,title,album,genre",
-                                  "-of", "default=noprint_wrappers=1", file.string()});
-  std::map<std::string, std::string> facts;
-  std::size_t start = 0;
-  while (start < result.out.size()) {
-    const auto end = result.out.find('\n', start);
-    const std::string line = result.out.substr(start, end - start);
-    const auto equals = line.find('=');
-    if (equals != std::string::npos) {
-      std::string key = line.substr(0, equals);
-      if (key.rfind("TAG:", 0) == 0) key = key.substr(4);
-      for (char& c : key) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-      facts.emplace(key, line.substr(equals + 1));
-    }
-    if (end == std::string::npos) break;
-    start = end + 1;
-  }
+// What ffprobe says of a file, in small letters: its codec, sample rate and tags.
+std::string Probe(const fs::path& file) {
+  std::string facts = RunProcess({"/usr/bin/ffprobe", "-v", "error", "-show_entries",
+                                  "stream=codec_name,sample_rate:format_tags:stream_tags", "-of",
+                                  "default=noprint_wrappers=1", file.string()})
+                          .out;
+  for (char& c : facts) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   return facts;
 }
 
@@ -132,10 +114,7 @@ class EncodeCommandTest : public testing_support::IsolatedHomeTest {
 struct FormatCase {
   const char* name;
   int encoder;
-  const char* extension;
-  const char* codec;
-  const char* sample_rate;
-  const char* log_code;
+  std::string extension, codec, sample_rate, log_code;
 };
 
 class EncodeFormatTest : public EncodeCommandTest,
@@ -146,39 +125,23 @@ TEST_P(EncodeFormatTest, ProducesTaggedFilesNamedFromTheirTags) {
   const auto result = Encode("Encoder=" + std::to_string(c.encoder) + "\nDelTemp=0\n");
   ASSERT_EQ(result.exit_code, 0) << result.out << result.err;
 
-  const fs::path music = Home() / "Music";
-  const fs::path tagged = music / "Jazz FM" / (std::string("Anna - Blue") + c.extension);
-  const fs::path named = music / (std::string("Band - Song") + c.extension);
-  auto facts = Probe(tagged);
-  EXPECT_EQ(facts["codec_name"], c.codec);
-  EXPECT_EQ(facts["sample_rate"], c.sample_rate);
-  EXPECT_EQ(facts["artist"], "Anna");
-  EXPECT_EQ(facts["title"], "Blue");
-  EXPECT_EQ(facts["album"], "Live");
-  EXPECT_EQ(facts["genre"], "Jazz FM");
-  facts = Probe(named);
-  EXPECT_EQ(facts["codec_name"], c.codec);
-  EXPECT_EQ(facts["artist"], "Band");
-  EXPECT_EQ(facts["title"], "Song");
+  const std::string facts = Probe(Home() / "Music/Jazz FM" / ("Anna - Blue" + c.extension));
+  for (const std::string& fact :
+       {"codec_name=" + c.codec, "sample_rate=" + c.sample_rate, std::string("artist=anna"),
+        std::string("title=blue"), std::string("album=live"), std::string("genre=jazz fm")}) {
+    EXPECT_NE(facts.find(fact + "\n"), std::string::npos) << fact << " in\n" << facts;
+  }
+  EXPECT_TRUE(fs::exists(Home() / "Music" / ("Band - Song" + c.extension)));
 
   // One line per file and the EXEC line; the script has removed itself; sources stay.
   const std::string log = DayLog();
-  EXPECT_NE(log.find(std::string("\t") + c.log_code + "\ttake1\r\n"), std::string::npos) << log;
-  EXPECT_NE(log.find(std::string("\t") + c.log_code + "\tBand - Song\r\n"), std::string::npos);
+  EXPECT_NE(log.find("\t" + c.log_code + "\ttake1\r\n"), std::string::npos) << log;
+  EXPECT_NE(log.find("\t" + c.log_code + "\tBand - Song\r\n"), std::string::npos);
   EXPECT_NE(log.find("\tEXEC\t" + TempFolder().string() + "/Larkspur"), std::string::npos);
   const std::string script = result.out.substr(0, result.out.find('\n'));
   EXPECT_FALSE(fs::exists(script)) << script;
   EXPECT_TRUE(fs::exists(recordings / "take1.wav"));
   EXPECT_TRUE(fs::exists(recordings / "Band - Song.wav"));
-
-  // Without its encoder, each recording is kept out of reach of its del line.
-  fs::remove_all(Home() / "Music");
-  const auto failed = Encode("Encoder=" + std::to_string(c.encoder) + "\nDelTemp=1\n", {}, {},
-                             {"/usr/bin/env", "PATH=/nonexistent"});
-  EXPECT_EQ(failed.exit_code, 1) << failed.out << failed.err;
-  EXPECT_EQ(Names(recordings),
-            (std::vector<std::string>{"Band - Song (not encoded).wav", "take1 (not encoded).wav"}));
-  EXPECT_NE(failed.out.find("was not found"), std::string::npos) << failed.out;
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -201,7 +164,14 @@ struct LossCase {
   int exit_code;
   std::vector<std::string> left;  // in the recordings folder, besides notes.txt
   std::string output;             // under the music folder, complete; "" for none
+  std::string says = "";          // in the report of --wait
+  std::string mp3 = "";           // the MP3 template of the fix file instead of the shipped one
 };
+
+// Encoders run through the tool in place of the MP3 template: each time the recording is kept.
+LossCase Kept(const char* name, std::string mp3, std::string says) {
+  return {name, "Encoder=1\n", "take1.wav", {}, 1, {"take1 (not encoded).wav"}, "", says, mp3};
+}
 
 class EncodeLossTest : public EncodeCommandTest, public ::testing::WithParamInterface<LossCase> {};
 
@@ -231,14 +201,24 @@ TEST_P(EncodeLossTest, KeepsTheRecordingOrWritesACompleteOutput) {
       GTEST_SKIP() << "no mount namespace here";
     }
   }
+  if (!c.mp3.empty()) {
+    std::string fix = ReadFile(program / "LarkspurFix.ini");
+    const auto line = fix.find("\nMP3=") + 1;
+    fix.replace(line, fix.find('\n', line) - line,
+                "MP3=wavforge-encode \"%1\" \"%7\" " + c.mp3 + "\\r\\n");
+    WriteFile(program / "LarkspurFix.ini", fix);
+  }
   const auto result =
       Encode("DelTemp=1\n" + settings, {(recordings / c.file).string()}, {}, c.prefix);
   EXPECT_EQ(result.exit_code, c.exit_code) << result.out << result.err;
+  EXPECT_NE(result.out.find(c.says), std::string::npos) << result.out;
   c.left.push_back("notes.txt");
   std::sort(c.left.begin(), c.left.end());
   EXPECT_EQ(Names(recordings), c.left) << result.out;
   if (!c.output.empty()) {
     EXPECT_TRUE(Plays(Home() / "Music" / c.output)) << result.out;
+  } else {
+    EXPECT_EQ(Names(Home() / "Music"), std::vector<std::string>{}) << "a temporary output is left";
   }
 }
 
@@ -251,7 +231,8 @@ INSTANTIATE_TEST_SUITE_P(
                  {"/usr/bin/env", "PATH=/nonexistent"},
                  1,
                  {"take1 (not encoded).wav"},
-                 ""},
+                 "",
+                 "lame was not found"},
         LossCase{
             "CorruptRecording", "Encoder=1\n", "!bad.wav", {}, 1, {"bad (not encoded).wav"}, ""},
         LossCase{
@@ -279,14 +260,27 @@ INSTANTIATE_TEST_SUITE_P(
                  1,
                  {"take1 (not encoded).wav"},
                  ""},
-        // An output named like its source is not removed by the source's del line.
+        // An output named like its source, in any letter case, is not removed by the source's
+        // del line.
         LossCase{"OutputBesideSource",
-                 "Encoder=1\nMusicPath=@rec\nUseMusicSubfolder=0\nMusicFileTemplate2=take1\n",
+                 "Encoder=1\nMusicPath=@rec\nUseMusicSubfolder=0\nMusicFileTemplate2=TAKE1\n",
                  "take1.wav",
                  {},
                  0,
-                 {"take1 (2).mp3"},
-                 ""}),
+                 {"TAKE1 (2).mp3"},
+                 ""},
+        // Encoders that leave a cut or short output, or fail after writing a whole one.
+        Kept("CutMp3", R"(mp3 sh -c "lame --quiet $0 $1 && truncate -s -100 $1" {in} {out})",
+             "incomplete"),
+        Kept(
+            "CutWma",
+            R"(wma sh -c "ffmpeg -v error -y -i $0 -c:a wmav2 $1 && truncate -s -999 $1" {in} {out})",
+            "incomplete"),
+        Kept("CutWav", R"(wav sh -c "sox $0 $1 && truncate -s -20000 $1" {in} {out})",
+             "incomplete"),
+        Kept("ShortWav", "wav sox {in} {out} trim 0 0.3", "incomplete"),
+        Kept("EncoderFailsAfterWriting", R"(wav sh -c "sox $0 $1; exit 3" {in} {out})",
+             "exit code 3")),
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(EncodeCommandTest, SameNamedOutputsAreRefusedOrNumbered) {
@@ -324,24 +318,33 @@ TEST_F(EncodeCommandTest, ATagRunsNoCommand) {
   EXPECT_EQ(Names(Home() / "Music").size(), 1u);
 }
 
-TEST_F(EncodeCommandTest, NamesThatCannotStandInAScriptAreRefused) {
-  for (const std::string name :
-       {"a\"b.wav", "100%PATH%.wav", "x*y.wav", "what?.wav", "two\nlines.wav"}) {
-    WriteFile(recordings / name, Recording({}));
-    const auto result = Encode("Encoder=1\nDelTemp=1\n", {(recordings / name).string()});
-    EXPECT_EQ(result.exit_code, 2) << name;
-    EXPECT_NE(result.err.find("cannot stand in a script line"), std::string::npos) << result.err;
-    EXPECT_TRUE(fs::is_empty(TempFolder())) << name;
-    EXPECT_TRUE(fs::exists(recordings / name));
+// Nothing is written or started; names are given relative to the folder they are in.
+TEST_F(EncodeCommandTest, RefusesJobsThatCouldLoseARecording) {
+  fs::create_directories(recordings / "box.wav");
+  WriteFile(Home() / "Music/Band - Song.mp3", "earlier");
+  // The recordings, what stderr says of the first.
+  const std::pair<std::vector<std::string>, std::string> cases[] = {
+      {{"a\"b.wav"}, "cannot stand in a script line"},
+      {{"100%PATH%.wav"}, "cannot stand in a script line"},
+      {{"x*y.wav"}, "cannot stand in a script line"},
+      {{"what?.wav"}, "cannot stand in a script line"},
+      {{"two\nlines.wav"}, "cannot stand in a script line"},
+      {{"box.wav"}, "is not a regular file"},
+      {{"take1.wav", "take1.x.wav"}, "when it is done would also delete"},
+      {{"Band - Song.wav"}, "already exists"},
+  };
+  for (const auto& [names, says] : cases) {
+    for (const auto& name : names) {
+      if (!fs::exists(recordings / name)) WriteFile(recordings / name, Recording({}));
+    }
+    const auto result =
+        Encode("Encoder=1\nDelTemp=1\n", names, {}, {"/usr/bin/env", "-C", recordings.string()});
+    EXPECT_EQ(result.exit_code, 2) << names[0];
+    EXPECT_NE(result.err.find((recordings / names[0]).string()), std::string::npos) << result.err;
+    EXPECT_NE(result.err.find(says), std::string::npos) << result.err;
+    EXPECT_TRUE(fs::is_empty(TempFolder())) << names[0];
+    for (const auto& name : names) EXPECT_TRUE(fs::exists(recordings / name)) << name;
   }
-}
-
-TEST_F(EncodeCommandTest, DeletesTheSourcesWhenAskedTo) {
-  const auto result = Encode("Encoder=1\nDelTemp=1\n");
-  ASSERT_EQ(result.exit_code, 0) << result.out << result.err;
-  EXPECT_FALSE(fs::exists(recordings / "take1.wav"));
-  EXPECT_FALSE(fs::exists(recordings / "Band - Song.wav"));
-  EXPECT_GT(fs::file_size(Home() / "Music/Band - Song.mp3"), 0u);
 }
 
 TEST_F(EncodeCommandTest, NormalisesBeforeEncoding) {
@@ -349,31 +352,8 @@ TEST_F(EncodeCommandTest, NormalisesBeforeEncoding) {
   ASSERT_EQ(result.exit_code, 0) << result.out << result.err;
   EXPECT_GT(fs::file_size(Home() / "Music/Band - Song.mp3"), 0u);
   // The normalised recording has taken the source's place; no temporary file is left.
-  std::vector<std::string> left;
-  for (const auto& entry : fs::directory_iterator(recordings)) {
-    left.push_back(entry.path().filename().string());
-  }
-  std::sort(left.begin(), left.end());
-  EXPECT_EQ(left, (std::vector<std::string>{"Band - Song.wav", "take1.wav"}));
-}
-
-// A program that merely has a tool's name is no window: neither the watch nor --wait waits for
-// it, however many run.
-TEST_F(EncodeCommandTest, ProgramsNamedLikeAToolAreNoJob) {
-  const testing_support::SleepingProcesses lame(Root() / "bin", "lame", 300);
-  platform::posix::ConsoleTitleSearch windows;
-  struct : wavforge::JobStatusView {
-    void SetStartEnabled(bool) override {}
-    void ShowStatusPicture(int) override {}
-  } view;
-  EXPECT_FALSE(wavforge::JobWatch(windows).Tick(wavforge::FileList({"/rec/a.wav"}), view));
-
-  WriteFile(program / "Larkspur.ini", "[Options]\nEncoder=1\nDelTemp=0\n");
-  // Bounded, so that waiting for the sleepers fails instead of hanging.
-  const auto result = RunProcess({"/usr/bin/timeout", "30", (program / "wavforge-cli").string(),
-                                  "encode", "--wait", (recordings / "take1.wav").string()});
-  EXPECT_EQ(result.exit_code, 0) << result.out << result.err;
-  EXPECT_GT(fs::file_size(Home() / "Music/Jazz FM/Anna - Blue.mp3"), 0u);
+  EXPECT_EQ(Names(recordings), (std::vector<std::string>{"Band - Song.wav", "take1.wav"}));
+  EXPECT_NE(ReadFile(ConfigHome() / "Larkspur/encode.log").find("normalised"), std::string::npos);
 }
 
 TEST_F(EncodeCommandTest, ReportsOutputsThatWereNotWrittenAndKeepsItsFilesPrivate) {
@@ -423,31 +403,21 @@ TEST_F(EncodeCommandTest, DryRunPrintsTheScriptAndTouchesNothing) {
 }
 
 TEST_F(EncodeCommandTest, TagsShowsWhatTheJobWouldUse) {
-  const auto missing = RunProcess({(program / "wavforge-cli").string(), "tags", "nothing.wav"});
-  EXPECT_EQ(missing.exit_code, 1);
-  EXPECT_NE(missing.err.find("nothing.wav does not exist"), std::string::npos) << missing.err;
-  const auto result =
-      RunProcess({(program / "wavforge-cli").string(), "tags", (recordings / "take1.wav").string(),
-                  (recordings / "Band - Song.wav").string()});
-  ASSERT_EQ(result.exit_code, 0) << result.err;
+  fs::create_directories(recordings / "box.wav");  // a folder is no recording
+  const auto result = RunProcess(
+      {(program / "wavforge-cli").string(), "tags", "box.wav", "take1.wav", "Band - Song.wav"},
+      recordings);
+  EXPECT_EQ(result.exit_code, 1);
+  EXPECT_EQ(result.err, "wavforge-cli: box.wav does not exist or cannot be read\n");
   const std::string music = (Home() / "Music").string();
-  const std::string rec = recordings.string();
-  EXPECT_EQ(result.out, "File=" + rec +
-                            "/take1.wav\nInfoRead=1\nGenre=Jazz FM\nArtist=Anna\n"
-                            "Album=Live\nTitle=Blue\nBasePath=" +
-                            rec +
-                            "/take1\nFileTitle=take1\n"
-                            "OutputPath=" +
-                            music +
-                            "/Jazz FM/Anna - Blue\n"
-                            "File=" +
-                            rec +
-                            "/Band - Song.wav\nInfoRead=0\nGenre=\nArtist=Band\n"
-                            "Album=\nTitle=Song\nBasePath=" +
-                            rec +
-                            "/Band - Song\n"
-                            "FileTitle=Band - Song\nOutputPath=" +
-                            music + "/Band - Song\n");
+  EXPECT_EQ(result.out,
+            "File=take1.wav\nInfoRead=1\nGenre=Jazz FM\nArtist=Anna\nAlbum=Live\nTitle=Blue\n"
+            "BasePath=take1\nFileTitle=take1\nOutputPath=" +
+                music +
+                "/Jazz FM/Anna - Blue\n"
+                "File=Band - Song.wav\nInfoRead=0\nGenre=\nArtist=Band\nAlbum=\nTitle=Song\n"
+                "BasePath=Band - Song\nFileTitle=Band - Song\nOutputPath=" +
+                music + "/Band - Song\n");
   EXPECT_FALSE(fs::exists(Home() / "Music/Jazz FM"));
 }
 

@@ -9,7 +9,6 @@
 #include <filesystem>
 #include <optional>
 #include <thread>
-#include <tuple>
 
 #include "platform/posix/console_title.h"
 #include "support/isolated_home.h"
@@ -87,23 +86,15 @@ TEST_P(WavforgeCmdScriptTest, RunsTheScript) {
 INSTANTIATE_TEST_SUITE_P(
     Lines, WavforgeCmdScriptTest,
     ::testing::Values(
-        ScriptCase{"CommandsEchoedWithThePrompt",
-                   "echo hi\r\n@echo quiet\r\nrem note > not-made.txt\r\n:label\r\n\r\n",
-                   {},
-                   "\n{dir}>echo hi\nhi\nquiet\n\n{dir}>rem note > not-made.txt\n||job.bat"},
         ScriptCase{"EchoOffIsItselfEchoed",
                    "echo off\r\necho x\r\necho\r\necho.\r\n",
                    {},
                    "\n{dir}>echo off\nx\nECHO is off.\n\n||job.bat"},
         ScriptCase{"Arguments",
-                   "@echo [%1] [%2] [%3] [%*] [%~2]\r\n",
+                   "@echo [%1] [%2] [%3] [%4] [%*] [%~2]\r\n",
                    {},
-                   "[a] [\"b c\"] [] [a \"b c\"] [b c]\n||job.bat",
-                   {"a", "b c"}},
-        ScriptCase{"SetThenExpandIgnoringCase",
-                   "@set WF_X=some value\r\n@echo %wf_x%-%WF_UNDEFINED%-%%\r\n",
-                   {},
-                   "some value--%\n||job.bat"},
+                   "[a] [\"b c\"] [\"x=y\"] [] [a \"b c\" \"x=y\"] [b c]\n||job.bat",
+                   {"a", "b c", "x=y"}},
         // A WAV format's line keeps "%1" for the quality, which the script has no value for.
         ScriptCase{"MissingQualityArgumentVanishes",
                    "@sh -c \"printf '[%%s]' \\\"$@\\\"\" sh -V %1 out>args.txt\r\n",
@@ -119,25 +110,21 @@ INSTANTIATE_TEST_SUITE_P(
                    {},
                    "yes\n3\n||job.bat"},
         ScriptCase{
-            "ExitEndsTheRun", "@echo one\r\n@exit /b 4\r\n@echo two\r\n", {}, "one\n||job.bat"}),
+            "ExitEndsTheRun", "@echo one\r\n@exit /b 4\r\n@echo two\r\n", {}, "one\n||job.bat"},
+        ScriptCase{"StartWaitsWhenAskedAtTheNicenessAsked",
+                   "@start \"Encoder\" /wait /belownormal sh -c \"sleep 0.5; nice >n.txt\"\r\n",
+                   {},
+                   "||job.bat;n.txt=10\n"}),
     [](const auto& row) { return std::string(row.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(
     Files, WavforgeCmdScriptTest,
     ::testing::Values(
-        // The source is found ignoring letter case; a folder gets its name as it is on disk.
-        ScriptCase{"MoveReplacesTheTarget",
-                   "@move /y \"NORM 1.wav\" \"take 1.wav\"\r\n",
-                   {{"norm 1.WAV", "new"}, {"take 1.wav", "old"}},
-                   "||job.bat;take 1.wav=new"},
+        // The source is found ignoring letter case and keeps its name as it is on disk.
         ScriptCase{"RenIntoAFolderKeepsTheName",
                    "@ren A.WAV sub\r\n",
                    {{"a.wav", "x"}, {"sub/keep", ""}},
                    "||job.bat;sub/a.wav=x;sub/keep"},
-        ScriptCase{"MoveOfAMissingFileSaysSo",
-                   "@move nothing.wav b.wav\r\n",
-                   {},
-                   "|The system cannot find the file specified.\n|job.bat"},
         // The first '>' replaces a longer old log; errors join the output.
         ScriptCase{"AppendsToTheLogWithErrors",
                    "@echo first>\"log dir/encode.log\"\r\n"
@@ -155,33 +142,26 @@ INSTANTIATE_TEST_SUITE_P(
                     {"rec/Band - Songs.wav", "s"},
                     {"rec/other.txt", "o"}},
                    "||job.bat;rec/Band - Songs.wav=s;rec/other.txt=o"},
-        // A plain name finds another letter case only when its exact name is not there.
+        // A plain name finds another letter case only when its exact name is not there, and
+        // only one.
         ScriptCase{"DelPlainNameIgnoringCase",
-                   "@del \"rec/LOUD.wav\" rec/both.wav\r\n@del /s sub/Both.wav\r\n",
+                   "@del \"rec/LOUD.wav\" rec/both.wav rec/twin.wav\r\n@del /s sub/Both.wav\r\n",
                    {{"rec/loud.WAV", ""},
                     {"rec/both.wav", ""},
                     {"rec/BOTH.wav", "b"},
+                    {"rec/Twin.wav", "t"},
+                    {"rec/TWIN.wav", "t"},
                     {"sub/both.WAV", ""},
                     {"sub/Both.wav", ""}},
-                   "||job.bat;rec/BOTH.wav=b;sub/both.WAV"},
+                   "||job.bat;rec/BOTH.wav=b;rec/TWIN.wav=t;rec/Twin.wav=t;sub/both.WAV"},
         ScriptCase{"DelQuestionMarkInSubfolders",
                    "@del /q /s \"tree/?.tmp\"\r\n",
                    {{"tree/a.tmp", ""}, {"tree/sub/b.tmp", ""}, {"tree/sub/ab.tmp", "2"}},
                    "||job.bat;tree/sub/ab.tmp=2"},
-        ScriptCase{"DelSeveralNamesMissingOnesSilent",
-                   "@erase missing.txt one.txt \"two words.txt\" /f\r\n",
-                   {{"one.txt", ""}, {"two words.txt", ""}, {"keep.txt", "k"}},
-                   "||job.bat;keep.txt=k"},
         ScriptCase{"DelFolderMeansItsFiles",
                    "@del /q box\r\n",
                    {{"box/a", ""}, {"box/b", ""}, {"box/inner/c", "c"}},
                    "||box/inner/c=c;job.bat"},
-        // Deleting another file goes on; deleting the script ends the run after that line.
-        ScriptCase{"ScriptDeletingItselfStopsThere",
-                   "@del \"%0.old\"\r\n@echo before>before.txt\r\n@del \"%0\"\r\n"
-                   "@echo after>after.txt\r\n",
-                   {},
-                   "||before.txt=before\n"},
         // A second job's script renamed over this one's name: none of its lines run here.
         ScriptCase{"ScriptReplacedByAnotherStopsThere",
                    "@move /y next.bat job.bat\r\n@echo first>first.txt\r\n",
@@ -211,17 +191,6 @@ std::optional<std::string> AwaitTitle(pid_t pid) {
   return std::nullopt;
 }
 
-TEST_F(WavforgeCmdTest, TitleIsVisibleWhileALongCommandRunsAndGoneAfterwards) {
-  const fs::path script = WriteScript("title Larkspur Encoder\r\n@sleep 1\r\n@echo done\r\n");
-  ChildProcess process(CmdLine({script.string()}), Folder());
-  const pid_t pid = process.Pid();
-  EXPECT_EQ(AwaitTitle(pid), "Larkspur Encoder");
-  const ProcessResult run = process.Wait();
-  EXPECT_EQ(run.exit_code, 0);
-  EXPECT_EQ(run.out, "\n" + Folder().string() + ">title Larkspur Encoder\ndone\n");
-  EXPECT_EQ(platform::posix::ReadConsoleTitle(pid), std::nullopt);
-}
-
 TEST_F(WavforgeCmdTest, TitleStaysWhereItWasWhenTheScriptMovesTheTemporaryFolders) {
   const fs::path script = WriteScript("@set XDG_RUNTIME_DIR=" + (Root() / "moved").string() +
                                       "\r\n@set TMPDIR=" + (Root() / "moved").string() +
@@ -249,47 +218,10 @@ TEST_F(WavforgeCmdTest, EndingSignalRemovesTheTitle) {
   }
 }
 
-TEST_F(WavforgeCmdTest, StartWaitsOnlyWhenAsked) {
-  const std::tuple<const char*, double, double> cases[] = {
-      {R"(start "" /b /belownormal sleep 3)", 0.0, 2.0},
-      {R"(start "Encoder" /wait /low sleep 1)", 0.9, 10.0},
-  };
-  for (const auto& [line, min_seconds, max_seconds] : cases) {
-    const fs::path script = WriteScript(std::string("@") + line + "\r\n");
-    const auto begin = std::chrono::steady_clock::now();
-    const ProcessResult run = RunInterpreter({script.string()}, Folder());
-    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
-    EXPECT_EQ(run.exit_code, 0) << line;
-    EXPECT_EQ(run.err, "") << line;
-    EXPECT_GE(took.count(), min_seconds) << line;
-    EXPECT_LT(took.count(), max_seconds) << line;
-  }
-}
-
-TEST_F(WavforgeCmdTest, StartedProgramRunsInTheFolderGiven) {
-  fs::create_directories(Folder() / "out");
-  const fs::path script = WriteScript("@start /min /d out sh -c \"pwd > started.txt\"\r\n");
-  const ProcessResult run = RunInterpreter({script.string()}, Folder());
-  EXPECT_EQ(run.err, "");
-  const fs::path marker = Folder() / "out" / "started.txt";
-  for (int i = 0; i < 250 && testing_support::ReadFile(marker).empty(); ++i) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
-  }
-  EXPECT_EQ(testing_support::ReadFile(marker), (Folder() / "out").string() + "\n");
-}
-
 TEST_F(WavforgeCmdTest, RunsOneCommandLine) {
   // The arguments; "exit code|output|errors".
   const std::pair<std::vector<std::string>, std::string> cases[] = {
-      {{"/c", "echo %wf_test_value% %WF_UNDEFINED% 100%% %1"}, "0|val %WF_UNDEFINED% 100%% %1\n|"},
-      {{"/q", "/c", "echo"}, "0|ECHO is off.\n|"},
-      {{"/c", "echo", "a", "&&", "echo", "b"}, "0|a \nb\n|"},
       {{"/c", "exit /b 7"}, "7||"},
-      {{"/c", "sh -c \"exit 5\""}, "5||"},
-      {{},
-       "1||Usage: wavforge-cmd SCRIPT [ARGUMENTS...]\n"
-       "       wavforge-cmd [/q] /c COMMAND LINE...\n"},
-      {{"missing.bat"}, std::string("1||'missing.bat") + kNotRecognized},
       {{"link.bat"}, std::string("1||wavforge-cmd: not running 'link.bat'") + kNotSafe},
       {{"shared.bat"}, std::string("1||wavforge-cmd: not running 'shared.bat'") + kNotSafe},
   };
@@ -298,7 +230,6 @@ TEST_F(WavforgeCmdTest, RunsOneCommandLine) {
   fs::create_symlink(Folder() / "job.bat", Folder() / "link.bat");
   testing_support::WriteFile(Folder() / "shared.bat", "@echo ran>ran.txt\r\n");
   fs::permissions(Folder() / "shared.bat", fs::perms::group_write, fs::perm_options::add);
-  setenv("WF_TEST_VALUE", "val", 1);
   for (const auto& [arguments, expected] : cases) {
     const ProcessResult run = RunInterpreter(arguments, Folder());
     EXPECT_EQ(std::to_string(run.exit_code) + "|" + run.out + "|" + run.err, expected);

@@ -53,29 +53,5 @@ TEST(IniDocumentTest, FindsTheValue) {
   }
 }
 
-TEST(IniNameListTest, KeysInFileOrderAndSectionsOnce) {
-  const std::pair<std::string, std::vector<std::string>> keys[] = {
-      {"[S]\nb=1\na=2\nB=3", {"b", "a", "B"}},
-      {"[S]\nx=1\n[B]\ny=2\n[s]\nz=3", {"x", "z"}},
-      {"[S]\n; c=1\n\nword\n=nokey\nk=v\n", {"k"}},
-      {"[T]\nk=1", {}},
-  };
-  for (const auto& [file, expected] : keys) {
-    EXPECT_EQ(IniDocument::Parse(file).KeyNames("s"), expected) << file;
-  }
-  EXPECT_EQ(IniDocument::Parse("p=1\n[S]\nr=3\n[]\nq=2").KeyNames(""),
-            (std::vector<std::string>{"p", "q"}));
-  EXPECT_EQ(IniDocument::Parse("k=v\n[Z]\n[A]\n[]\n[z]\n[C]").SectionNames(),
-            (std::vector<std::string>{"Z", "A", "C"}));
-}
-
-TEST(IniCaseFoldTest, FoldsOnlyAsciiLetters) {
-  EXPECT_TRUE(EqualsIgnoringAsciiCase("MusicPath", "musicpath"));
-  EXPECT_FALSE(EqualsIgnoringAsciiCase("abc", "abcd"));
-  EXPECT_FALSE(EqualsIgnoringAsciiCase("[", "{"));  // 0x5B and 0x7B differ by the case bit
-  EXPECT_FALSE(EqualsIgnoringAsciiCase("@", "`"));
-  EXPECT_FALSE(EqualsIgnoringAsciiCase("\xC4", "\xE4"));  // Latin-1 capital and small A-umlaut
-}
-
 }  // namespace
 }  // namespace platform

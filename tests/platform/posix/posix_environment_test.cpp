@@ -3,15 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 
 #include "support/isolated_home.h"
 
 namespace platform::posix {
 namespace {
-
-namespace fs = std::filesystem;
 
 class PosixEnvironmentTest : public testing_support::IsolatedHomeTest {
  protected:
@@ -41,24 +38,6 @@ TEST_F(PosixEnvironmentTest, SpecialFoldersFollowTheUserDirsFileAndTheXdgVariabl
   }
 }
 
-TEST_F(PosixEnvironmentTest, FallsBackWhenXdgVariablesAreUnset) {
-  unsetenv("XDG_CONFIG_HOME");
-  unsetenv("XDG_DATA_DIRS");
-  EXPECT_EQ(environment.SpecialFolderPath(26, false), (Home() / ".config").string());
-  EXPECT_EQ(environment.SpecialFolderPath(35, false), "/usr/local/share");
-  setenv("XDG_DATA_DIRS", (Root().string() + "/first/:/second").c_str(), 1);
-  EXPECT_EQ(environment.SpecialFolderPath(35, false), Root().string() + "/first");
-}
-
-TEST_F(PosixEnvironmentTest, CreateMakesTheFolderAndItsParents) {
-  testing_support::WriteFile(ConfigHome() / "user-dirs.dirs", "XDG_MUSIC_DIR=\"$HOME/a/b/c\"\n");
-  EXPECT_FALSE(fs::exists(Home() / "a"));
-  environment.SpecialFolderPath(13, false);
-  EXPECT_FALSE(fs::exists(Home() / "a"));
-  EXPECT_EQ(environment.SpecialFolderPath(13, true), (Home() / "a/b/c").string());
-  EXPECT_TRUE(fs::is_directory(Home() / "a/b/c"));
-}
-
 TEST_F(PosixEnvironmentTest, FindsVariablesByExactNameThenIgnoringCase) {
   setenv("WAVFORGE_Test_Var", "mixed", 1);
   EXPECT_EQ(environment.GetVariable("WAVFORGE_Test_Var"), "mixed");
@@ -72,12 +51,6 @@ TEST_F(PosixEnvironmentTest, FindsVariablesByExactNameThenIgnoringCase) {
   EXPECT_EQ(environment.GetVariable("UserProfile"), Home().string());
   environment.SetVariable("USERPROFILE", "/profiles/anna");
   EXPECT_EQ(environment.GetVariable("UserProfile"), "/profiles/anna");
-}
-
-TEST(PosixEnvironmentProgramFolder, IsTheFolderOfTheRunningExecutable) {
-  const PosixEnvironment environment;
-  EXPECT_EQ(environment.ProgramFolder(), fs::read_symlink("/proc/self/exe").parent_path().string());
-  EXPECT_EQ(environment.GetVersion() & 0x80000000u, 0u);
 }
 
 }  // namespace

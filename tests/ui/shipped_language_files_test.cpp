@@ -44,26 +44,6 @@ TEST_P(ShippedLanguageTest, HasEveryTextTheWindowsAndMessagesUse) {
   }
 }
 
-// Every part ends in a NUL; the text's own terminator is the second NUL that closes the list.
-TEST_P(ShippedLanguageTest, TheFilterListIsPairsEachEndedByANul) {
-  const std::string filter = Load().FormatMsg("27900", {"\0"s});
-  ASSERT_GE(filter.size(), 2u);
-  EXPECT_EQ(filter.back(), '\0');
-  EXPECT_EQ(filter.find("\0\0"s), std::string::npos) << "an empty part ends the list early";
-  std::vector<std::string> parts;
-  std::size_t start = 0;
-  for (std::size_t nul; (nul = filter.find('\0', start)) != std::string::npos; start = nul + 1) {
-    parts.push_back(filter.substr(start, nul - start));
-  }
-  ASSERT_EQ(parts.size() % 2, 0u) << GetParam();
-  ASSERT_GE(parts.size(), 2u);
-  EXPECT_EQ(parts[1], "*.wav") << "the first choice shows the recordings";
-  for (std::size_t i = 0; i < parts.size(); i += 2) {
-    EXPECT_FALSE(parts[i].empty()) << GetParam();
-    EXPECT_NE(parts[i + 1].find('*'), std::string::npos) << GetParam() << " " << parts[i + 1];
-  }
-}
-
 TEST_P(ShippedLanguageTest, MessagesTakeTheirArgumentsAndLineBreaks) {
   const auto language = Load();
   const std::string failed = language.FormatMsg("908", {"/tmp/x", "5", "denied"});
@@ -80,19 +60,6 @@ TEST_P(ShippedLanguageTest, MessagesTakeTheirArgumentsAndLineBreaks) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, ShippedLanguageTest, ::testing::Values("English", "German"));
-
-TEST(ShippedTranslationTest, TheGermanFileTranslatesTheControls) {
-  fakes::FakeEnvironment environment;
-  environment.program_folder = WAVFORGE_DATA_DIR;
-  platform::posix::IniProfileReader profiles;
-  fakes::FakeUserInterface ui;
-  const clsLocalizeControls english("English", environment, profiles, ui);
-  const clsLocalizeControls german("German", environment, profiles, ui);
-  for (const char* key : {"27110", "5050", "27910", "908", "100120", "100140", "100150"}) {
-    EXPECT_NE(english.Text(key), german.Text(key)) << key;
-  }
-  EXPECT_EQ(german.Text("27110"), "Datei(en) w\xC3\xA4hlen");
-}
 
 }  // namespace
 }  // namespace wavforge

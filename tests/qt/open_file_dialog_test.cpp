@@ -12,56 +12,20 @@ namespace {
 
 using namespace std::string_literals;
 
-struct FilterCase {
-  const char* name;
-  std::string filter;
-  QStringList expected;
-};
-
-class NameFilterTest : public ::testing::TestWithParam<FilterCase> {};
-
-TEST_P(NameFilterTest, PairsBecomeFiltersWithTheirPatternsLast) {
-  EXPECT_EQ(NameFiltersFromFilterList(GetParam().filter), GetParam().expected) << GetParam().name;
+TEST(DialogTextTest, FilterPairsBecomeFiltersAndAnEmptyPartEndsTheList) {
+  EXPECT_EQ(NameFiltersFromFilterList("Wave files\0*.wav; *.WAV\0All\0*\0\0B\0*.b\0"s),
+            QStringList({"Wave files (*.wav *.WAV)", "All (*)"}));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, NameFilterTest,
-    ::testing::Values(
-        FilterCase{"two pairs",
-                   "Wave files (*.wav)\0*.wav\0All files\0*\0"s,
-                   {"Wave files (*.wav) (*.wav)", "All files (*)"}},
-        FilterCase{"several patterns", "Sound\0*.wav; *.WAV\0"s, {"Sound (*.wav *.WAV)"}},
-        FilterCase{"an empty part ends the list", "A\0*.a\0\0B\0*.b\0"s, {"A (*.a)"}},
-        FilterCase{"a description without patterns is dropped", "A\0*.a\0B\0"s, {"A (*.a)"}},
-        FilterCase{"no language text", ""s, {}},
-        FilterCase{"utf-8 text", "Wave-Dateien\0*.wav\0"s, {"Wave-Dateien (*.wav)"}}));
-
-struct AnswerCase {
-  const char* name;
-  QStringList files;
-  std::string expected;
-};
-
-class DialogAnswerTest : public ::testing::TestWithParam<AnswerCase> {};
-
-TEST_P(DialogAnswerTest, FilesBecomeFolderAndNames) {
-  EXPECT_EQ(DialogAnswer(GetParam().files), GetParam().expected) << GetParam().name;
+// The dialog's answer is the folder all files share, then their names below it.
+TEST(DialogTextTest, FilesBecomeFolderAndNames) {
+  const std::pair<QStringList, std::string> cases[] = {
+      {{"/rec/a b.wav"}, "/rec/a b.wav\0\0"s},
+      {{"/rec/x/a.wav", "/rec/y/b.wav"}, "/rec\0x/a.wav\0y/b.wav\0\0"s},
+      {{"/rec/ab/a.wav", "/rec/abc/b.wav"}, "/rec\0ab/a.wav\0abc/b.wav\0\0"s},
+  };
+  for (const auto& [files, answer] : cases) EXPECT_EQ(DialogAnswer(files), answer) << answer;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, DialogAnswerTest,
-    ::testing::Values(AnswerCase{"one file", {"/rec/a b.wav"}, "/rec/a b.wav\0\0"s},
-                      AnswerCase{"several in one folder",
-                                 {"/rec/a.wav", "/rec/b.wav", "/rec/c.wav"},
-                                 "/rec\0a.wav\0b.wav\0c.wav\0\0"s},
-                      AnswerCase{"root folder", {"/a.wav", "/b.wav"}, "/\0a.wav\0b.wav\0\0"s},
-                      AnswerCase{"different folders share their parent",
-                                 {"/rec/x/a.wav", "/rec/y/b.wav"},
-                                 "/rec\0x/a.wav\0y/b.wav\0\0"s},
-                      AnswerCase{"a folder name that only starts alike",
-                                 {"/rec/ab/a.wav", "/rec/abc/b.wav"},
-                                 "/rec\0ab/a.wav\0abc/b.wav\0\0"s},
-                      AnswerCase{"nothing", {}, "\0\0"s}));
 
 // The real dialog, answered the way a user would: names typed into it, then confirmed.
 class FileDialogWindowTest : public DesktopWindowTest {

@@ -1,41 +1,37 @@
 #include "qt/screen_fonts.h"
 
-#include <gtest/gtest.h>
-
 #include <QFontInfo>
+
+#include "desktop_window_fixture.h"
 
 namespace wavforge::qt {
 namespace {
 
-struct FontCase {
-  const char* form_font;
-  const char* stand_in;
-};
-
-class ScreenFontTest : public ::testing::TestWithParam<FontCase> {};
-
 // The main window names Windows fonts; the screen shows them or the free font standing in.
-TEST_P(ScreenFontTest, WindowsFontsComeOutAsThemselvesOrTheirStandIn) {
-  FontSpec design_font;
-  design_font.Name = GetParam().form_font;
-  design_font.Size = 9.75;
-  design_font.Bold = true;
-  design_font.Underline = true;
-  const QFont font = ScreenFont(design_font);
-  const QString family = QFontInfo(font).family();
-  EXPECT_TRUE(family == QString::fromUtf8(GetParam().form_font) ||
-              family == QString::fromUtf8(GetParam().stand_in))
-      << GetParam().form_font << " came out as " << family.toStdString();
-  EXPECT_DOUBLE_EQ(font.pointSizeF(), 9.75);
-  EXPECT_TRUE(font.bold());
-  EXPECT_TRUE(font.underline());
-  EXPECT_FALSE(font.italic());
+TEST(ScreenFontTest, WindowsFontsComeOutAsThemselvesOrTheirStandIn) {
+  for (const auto& [name, stand_in] :
+       {std::pair{"Tahoma", "DejaVu Sans Condensed"}, std::pair{"Verdana", "DejaVu Sans"},
+        std::pair{"Microsoft Sans Serif", "Liberation Sans"}}) {
+    FontSpec design_font;
+    design_font.Name = name;
+    design_font.Size = 9.75;
+    design_font.Bold = true;
+    const QFont font = ScreenFont(design_font);
+    const QString family = QFontInfo(font).family();
+    EXPECT_TRUE(family == QString::fromUtf8(name) || family == QString::fromUtf8(stand_in))
+        << name << " came out as " << family.toStdString();
+    EXPECT_DOUBLE_EQ(font.pointSizeF(), 9.75);
+    EXPECT_TRUE(font.bold());
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, ScreenFontTest,
-                         ::testing::Values(FontCase{"Tahoma", "DejaVu Sans Condensed"},
-                                           FontCase{"Verdana", "DejaVu Sans"},
-                                           FontCase{"Microsoft Sans Serif", "Liberation Sans"}));
+// Laid out for 120 dots per inch, the window keeps its pixels on the offscreen screen's 96:
+// its fonts grow by a quarter in points.
+TEST_F(DesktopWindowTest, FontsFollowTheScreensDotsPerInch) {
+  WriteSettings("English");
+  Open();
+  EXPECT_NEAR(Widget("cmdSelectFile")->font().pointSizeF(), 7.8 * 1.25, 1e-3);
+}
 
 }  // namespace
 }  // namespace wavforge::qt

@@ -8,13 +8,17 @@
 #include "support/process_isolation.h"
 
 namespace testing_support {
+namespace {
 
+// A fresh folder below TMPDIR, which the test main already isolates.
 std::filesystem::path MakeTempFolder(const std::string& prefix) {
   const char* tmp = std::getenv("TMPDIR");
   std::string pattern = std::string(tmp ? tmp : "/tmp") + "/" + prefix + "XXXXXX";
   if (!mkdtemp(pattern.data())) throw std::runtime_error("mkdtemp failed for " + pattern);
   return pattern;
 }
+
+}  // namespace
 
 void IsolatedHomeTest::SetUp() {
   root_ = MakeTempFolder("home-");

@@ -27,9 +27,6 @@ class IsolatedHomeTest : public ::testing::Test {
   std::map<std::string, std::optional<std::string>> saved_;
 };
 
-// Creates a fresh folder below TMPDIR (which the test main already isolates).
-std::filesystem::path MakeTempFolder(const std::string& prefix);
-
 // Writes bytes to a file, creating its parent folders.
 void WriteFile(const std::filesystem::path& path, const std::string& bytes);
 std::string ReadFile(const std::filesystem::path& path);

@@ -3,7 +3,6 @@
 #include <cctype>
 #include <map>
 #include <string>
-#include <vector>
 
 #include "platform/environment.h"
 
@@ -15,8 +14,6 @@ class FakeEnvironment final : public platform::Environment {
   std::map<std::string, std::string> variables;
   std::map<int, std::string> folders;
   std::string program_folder = "/opt/wavforge";
-  std::uint32_t version = 0x0A00;
-  std::vector<std::pair<int, bool>> folder_requests;  // (id, create) of each lookup
 
   std::optional<std::string> GetVariable(const std::string& name) const override {
     if (auto exact = variables.find(name); exact != variables.end()) return exact->second;
@@ -38,10 +35,9 @@ class FakeEnvironment final : public platform::Environment {
     variables[name] = value;
   }
   std::string ProgramFolder() const override { return program_folder; }
-  std::uint32_t GetVersion() const override { return version; }
-  std::string SpecialFolderPath(int folder_id, bool create) override {
-    folder_requests.emplace_back(folder_id, create);
-    auto found = folders.find(folder_id);
+  std::uint32_t GetVersion() const override { return 0x0A00; }
+  std::string SpecialFolderPath(int folder_id, bool) override {
+    const auto found = folders.find(folder_id);
     return found == folders.end() ? std::string() : found->second;
   }
 

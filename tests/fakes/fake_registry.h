@@ -2,7 +2,6 @@
 
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <utility>
 
@@ -12,15 +11,13 @@
 namespace fakes {
 
 // A registry held in memory with the same name rules as the real one (letter case ignored,
-// keys exist on their own, a path with an empty part names no key). A test can make a hive
-// refuse writes, or redirect machine writes into the user's virtual store the way Windows
-// does for programs without administrator rights.
+// keys exist on their own, a path with an empty part names no key). A test can redirect
+// machine writes into the user's virtual store the way Windows does for programs without
+// administrator rights.
 class FakeRegistry final : public platform::Registry {
  public:
   using Root = platform::RegistryRoot;
   using Value = platform::RegistryValue;
-
-  void SetReadOnly(Root root) { read_only_.insert(root); }
 
   // HKEY_LOCAL_MACHINE writes then land in HKEY_CLASSES_ROOT "VirtualStore\MACHINE\...", and
   // machine reads see that copy first.
@@ -52,7 +49,7 @@ class FakeRegistry final : public platform::Registry {
   bool OpenKey(Root root, const std::string& subkey, platform::RegistryAccess access) override {
     if (access == platform::RegistryAccess::kWrite) {
       const auto [target_root, target_key] = WriteTarget(root, subkey);
-      return !read_only_.contains(target_root) && HasKey(target_root, target_key);
+      return HasKey(target_root, target_key);
     }
     if (ReadsVirtualStore(root) && HasKey(Root::kClassesRoot, VirtualPath(subkey))) return true;
     return HasKey(root, subkey);
@@ -70,14 +67,14 @@ class FakeRegistry final : public platform::Registry {
   bool SetValue(Root root, const std::string& subkey, const std::string& name,
                 const Value& value) override {
     const auto [target_root, target_key] = WriteTarget(root, subkey);
-    if (read_only_.contains(target_root) || !HasKey(target_root, target_key)) return false;
+    if (!HasKey(target_root, target_key)) return false;
     Put(target_root, target_key, name, value);
     return true;
   }
 
   bool SetDefaultText(Root root, const std::string& subkey, const std::string& text) override {
     const auto [target_root, target_key] = WriteTarget(root, subkey);
-    if (read_only_.contains(target_root) || !platform::SplitKeyPath(target_key)) return false;
+    if (!platform::SplitKeyPath(target_key)) return false;
     Put(target_root, target_key, "",
         {static_cast<std::uint32_t>(platform::RegistryType::kText),
          text.substr(0, text.find('\0')) + '\0'});
@@ -105,7 +102,6 @@ class FakeRegistry final : public platform::Registry {
 
   // Values by folded name, in keys by folded path, in hives.
   std::map<Root, std::map<std::string, std::map<std::string, Value>>> hives_;
-  std::set<Root> read_only_;
   bool redirect_ = false;
 };
 

@@ -8,16 +8,12 @@
 
 namespace fakes {
 
-// Windows that a test opens and closes by title; records what each search asked for.
+// Windows that a test opens and closes by title.
 class FakeWindowSearch final : public platform::WindowSearch {
  public:
   std::vector<std::string> titles;
-  std::vector<std::string> asked;
-  int searches = 0;
 
   bool AnyWindowTitled(std::span<const char* const> wanted) override {
-    ++searches;
-    asked.assign(wanted.begin(), wanted.end());
     for (const auto& title : titles) {
       if (platform::IsOneOfTitles(title, wanted)) return true;
     }

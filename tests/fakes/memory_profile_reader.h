@@ -13,7 +13,6 @@ namespace fakes {
 class MemoryProfileReader final : public platform::ProfileReader {
  public:
   void SetFile(const std::string& path, const std::string& text) { files_[path] = text; }
-  void RemoveFile(const std::string& path) { files_.erase(path); }
 
   std::optional<std::string> ReadValue(const std::string& file, const std::string& section,
                                        const std::string& key) const override {

@@ -6,6 +6,8 @@
 
 namespace wavforge {
 
+class BrowserControl;
+
 enum class ControlKind {
   kPictureBox,
   kTextBox,
@@ -69,6 +71,10 @@ class Control {
   std::optional<int> ScaleMode;      // picture boxes: 0 user-defined, 1 twips, 3 pixels
   std::optional<double> ScaleLeft, ScaleTop, ScaleWidth, ScaleHeight;
   std::optional<std::string> Picture;  // name of a picture resource
+  // The control this one sits in; empty for the window. Positions are in its coordinates.
+  std::string Container;
+  // Web browser controls: the browser the front end shows it with.
+  BrowserControl* Browser = nullptr;
   std::vector<std::string> List;       // combo box entries
   std::vector<Tab> Tabs;               // tab strip
   std::string Color;                   // lines: "silver", ...

@@ -25,8 +25,8 @@ class BrowserEvents {
                                  const std::string& URL) = 0;
   virtual void DocumentComplete(const std::shared_ptr<HtmlDocument>& document,
                                 const std::string& URL) = 0;
-  virtual void NavigateError(const std::shared_ptr<HtmlDocument>& document,
-                             const std::string& URL, int StatusCode) = 0;
+  virtual void NavigateError(const std::shared_ptr<HtmlDocument>& document, const std::string& URL,
+                             int StatusCode) = 0;
 };
 
 // When a page below online_base cannot be loaded, the browser shows a page of its own with

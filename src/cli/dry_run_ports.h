@@ -15,6 +15,7 @@ class DryRunFileSystem final : public platform::FileSystem {
   std::optional<std::uint64_t> FileSize(const std::string& path) const override {
     return real_.FileSize(path);
   }
+  bool PathExists(const std::string& path) const override { return real_.PathExists(path); }
   bool CreateFolder(const std::string&) override { return true; }
   bool CreatePrivateFolder(const std::string&) override { return true; }
   bool CopyFile(const std::string&, const std::string&) override { return true; }

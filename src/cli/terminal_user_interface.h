@@ -23,6 +23,7 @@ class TerminalUserInterface final : public platform::UserInterface {
   double TwipsPerPixelX() const override { return 15.0; }
   double TwipsPerPixelY() const override { return 15.0; }
   platform::ScreenRect WorkArea() const override { return {}; }
+  std::string ForegroundWindowName() const override { return {}; }
 
  private:
   std::ostream& err_;

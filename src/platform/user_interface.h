@@ -75,6 +75,10 @@ class UserInterface {
 
   // The desktop without its panels, in pixels.
   virtual ScreenRect WorkArea() const = 0;
+
+  // The name of the program's window that is the desktop's foreground window; empty when the
+  // foreground belongs to another program or to none.
+  virtual std::string ForegroundWindowName() const = 0;
 };
 
 }  // namespace platform

@@ -34,6 +34,7 @@ class FormWindow final : public QWidget {
   // The toolkit timer that drives a timer control.
   QTimer* TimerOf(std::string_view name) const;
   Form& GetForm() { return form_; }
+  const std::string& FormName() const { return form_.Name(); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QScreen>
 
+#include "qt/form_window.h"
 #include "qt/open_file_dialog_text.h"
 #include "qt/pictures.h"
 
@@ -152,6 +153,11 @@ platform::ScreenRect QtUserInterface::WorkArea() const {
   if (!screen) return {};
   const QRect area = screen->availableGeometry();
   return {area.left(), area.top(), area.left() + area.width(), area.top() + area.height()};
+}
+
+std::string QtUserInterface::ForegroundWindowName() const {
+  const auto* window = dynamic_cast<const FormWindow*>(QApplication::activeWindow());
+  return window ? window->FormName() : std::string();
 }
 
 }  // namespace wavforge::qt

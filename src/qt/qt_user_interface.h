@@ -21,6 +21,7 @@ class QtUserInterface final : public platform::UserInterface {
   double TwipsPerPixelX() const override;
   double TwipsPerPixelY() const override;
   platform::ScreenRect WorkArea() const override;
+  std::string ForegroundWindowName() const override;
 
  private:
   QPointer<QWidget> owner_;

@@ -187,6 +187,7 @@ void frmMain::Define() {
 
 void frmMain::Load() {
   clsMousePointer busy(ui_);
+  program_.forms.Add(*this);
 
   Find("lblVersion")->Caption = VersionLabel(WAVFORGE_VERSION);
 
@@ -226,6 +227,7 @@ void frmMain::Unload() {
   // already started are left to finish.
   IgnoringErrors([&] { DeleteBatchFiles(program_.settings, ports_.files); });
   Visible = false;
+  program_.forms.Remove(*this);
 }
 
 void frmMain::Click(Control& control) {

@@ -21,6 +21,7 @@ enum class ControlKind {
   kTabStrip,
   kMenuItem,
   kBrowser,
+  kScriptControl,
 };
 
 struct FontSpec {
@@ -75,9 +76,9 @@ class Control {
   std::string Container;
   // Web browser controls: the browser the front end shows it with.
   BrowserControl* Browser = nullptr;
-  std::vector<std::string> List;       // combo box entries
-  std::vector<Tab> Tabs;               // tab strip
-  std::string Color;                   // lines: "silver", ...
+  std::vector<std::string> List;  // combo box entries
+  std::vector<Tab> Tabs;          // tab strip
+  std::string Color;              // lines: "silver", ...
   bool Enabled = true;
   bool Visible = true;
   bool AcceptsDrops = false;

@@ -36,6 +36,10 @@ class FakeFileSystem final : public platform::FileSystem {
     return found->second.size();
   }
 
+  bool PathExists(const std::string& path) const override {
+    return HasFolder(path) || files_.count(path) > 0;
+  }
+
   bool CreateFolder(const std::string& path) override {
     created_.push_back(path);
     if (HasFolder(path)) return true;

@@ -45,6 +45,8 @@ class FakeUserInterface final : public platform::UserInterface {
   double TwipsPerPixelX() const override { return twips_per_pixel_x; }
   double TwipsPerPixelY() const override { return twips_per_pixel_y; }
   platform::ScreenRect WorkArea() const override { return work_area; }
+  std::string ForegroundWindowName() const override { return foreground; }
+  std::string foreground;
 };
 
 }  // namespace fakes

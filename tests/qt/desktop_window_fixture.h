@@ -46,6 +46,7 @@ class CountingUserInterface final : public platform::UserInterface {
   double TwipsPerPixelX() const override { return real_.TwipsPerPixelX(); }
   double TwipsPerPixelY() const override { return real_.TwipsPerPixelY(); }
   platform::ScreenRect WorkArea() const override { return real_.WorkArea(); }
+  std::string ForegroundWindowName() const override { return real_.ForegroundWindowName(); }
 
  private:
   QtUserInterface& real_;

@@ -20,6 +20,11 @@ std::optional<std::uint64_t> PosixFileSystem::FileSize(const std::string& path) 
   return size;
 }
 
+bool PosixFileSystem::PathExists(const std::string& path) const {
+  std::error_code error;
+  return fs::exists(path, error);
+}
+
 bool PosixFileSystem::CreateFolder(const std::string& path) {
   std::error_code error;
   fs::create_directory(path, error);

@@ -56,3 +56,16 @@ hand="12,1 15,1 16,3 16,11 18,10 20,10 21,12 23,12 24,14 26,14 27,16 27,24 25,29
 convert -size 32x32 xc:none -fill white -stroke black -strokewidth 1 -draw "polygon $hand" \
   -draw "line 16,11 16,19" -draw "line 21,12 21,19" -draw "line 24,14 24,19" \
   -strip -define png:exclude-chunks=date,time "PNG32:$out/link_pointer.png"
+
+# The assistant's back and forward buttons, 16 x 16: a blue arrow when the browser can move,
+# a grey one when it cannot.
+arrow() {  # points colour file
+  convert -size 16x16 xc:none -fill "$2" -stroke "$2" -strokewidth 1 -draw "polygon $1" \
+    -strip -define png:exclude-chunks=date,time "PNG32:$3"
+}
+back="2,8 8,2 8,5 14,5 14,11 8,11 8,14"
+forward="14,8 8,2 8,5 2,5 2,11 8,11 8,14"
+arrow "$back" "$blue" "$out/back.png"
+arrow "$back" '#b8bec8' "$out/back_disabled.png"
+arrow "$forward" "$blue" "$out/forward.png"
+arrow "$forward" '#b8bec8' "$out/forward_disabled.png"

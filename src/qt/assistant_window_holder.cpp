@@ -1,0 +1,54 @@
+#include "qt/assistant_window_holder.h"
+
+#include <QTimer>
+
+namespace wavforge::qt {
+namespace {
+
+// The form goes first: it detaches itself from the browsers, which go with the window.
+void Destroy(std::shared_ptr<frmWizard>& form, std::shared_ptr<FormWindow>& window) {
+  form.reset();
+  window.reset();
+}
+
+}  // namespace
+
+AssistantWindowHolder::AssistantWindowHolder(const platform::Ports& ports,
+                                             platform::UserInterface& ui, ProgramObjects& program,
+                                             FormWindow::BrowserMaker make_browser)
+    : ports_(ports), ui_(ui), program_(program), make_browser_(std::move(make_browser)) {}
+
+AssistantWindowHolder::~AssistantWindowHolder() {
+  Destroy(form_, window_);
+}
+
+void AssistantWindowHolder::Ensure() {
+  if (form_ && !form_->Released()) return;
+  Destroy(form_, window_);
+  form_ = std::make_shared<frmWizard>(ports_, ui_, program_);
+  window_ = std::make_shared<FormWindow>(*form_, ui_, make_browser_);
+  window_->OnClosed([this] { Release(); });
+  window_->LoadForm();
+}
+
+void AssistantWindowHolder::SetUrl(const std::string& Url, bool Online) {
+  Ensure();
+  form_->SetUrl(Url, Online);
+  window_->AfterEvent();
+}
+
+void AssistantWindowHolder::UnloadIfLoaded() {
+  if (!form_ || form_->Released()) return;
+  form_->Unload();
+  window_->AfterEvent();
+}
+
+void AssistantWindowHolder::Release() {
+  if (!form_ || !form_->Released()) return;
+  // Not inside the window's own events: the pair goes once they have returned.
+  QTimer::singleShot(0, [form = std::move(form_), window = std::move(window_)]() mutable {
+    Destroy(form, window);
+  });
+}
+
+}  // namespace wavforge::qt

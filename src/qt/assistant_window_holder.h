@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "assistant/frm_wizard.h"
+#include "qt/form_window.h"
+#include "shell/help_pages.h"
+
+namespace wavforge::qt {
+
+// The one assistant window of the program: made with its browsers on first use, released when
+// it closes, so that the next use makes a fresh one.
+class AssistantWindowHolder final : public AssistantWindow {
+ public:
+  AssistantWindowHolder(const platform::Ports& ports, platform::UserInterface& ui,
+                        ProgramObjects& program, FormWindow::BrowserMaker make_browser);
+  ~AssistantWindowHolder() override;
+
+  void SetUrl(const std::string& Url, bool Online) override;
+  void UnloadIfLoaded() override;
+
+  // The open window, or nullptr.
+  frmWizard* Form() const { return form_.get(); }
+  FormWindow* Window() const { return window_.get(); }
+
+ private:
+  void Ensure();
+  void Release();
+
+  const platform::Ports& ports_;
+  platform::UserInterface& ui_;
+  ProgramObjects& program_;
+  FormWindow::BrowserMaker make_browser_;
+  std::shared_ptr<frmWizard> form_;
+  std::shared_ptr<FormWindow> window_;
+};
+
+}  // namespace wavforge::qt

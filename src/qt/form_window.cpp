@@ -39,6 +39,8 @@ std::vector<std::string> DroppedFiles(const QMimeData* data) {
 FormWindow::FormWindow(Form& form, const platform::UserInterface& ui) : form_(form), ui_(ui) {
   setWindowIcon(WindowIcon());
   Build();
+  // One filter on the application, none on the controls: it sees each event once for each
+  // widget the event reaches, including whatever widget inside a control has the focus.
   qApp->installEventFilter(this);
 }
 
@@ -126,10 +128,7 @@ void FormWindow::Build() {
         // Kinds this window does not show yet keep their place in the form only.
         break;
     }
-    if (item.widget) {
-      item.widget->installEventFilter(this);
-      if (control.AcceptsDrops) item.widget->setAcceptDrops(true);
-    }
+    if (item.widget && control.AcceptsDrops) item.widget->setAcceptDrops(true);
     items_.push_back(item);
   }
 }

@@ -142,6 +142,27 @@ INSTANTIATE_TEST_SUITE_P(Ways, SelectionTest,
                                            SelectionCase{"notice", "Label1", 6},
                                            SelectionCase{"status icon", "imgIcon", 0}));
 
+struct LinkCase {
+  const char* name;
+  int index;
+  const char* address_key;
+};
+
+class LinkTest : public DesktopWindowTest, public ::testing::WithParamInterface<LinkCase> {};
+
+TEST_P(LinkTest, AClickOpensItsAddressOnce) {
+  WriteSettings("English");
+  Open();
+  QTest::mouseClick(Widget(GetParam().name, GetParam().index), Qt::LeftButton);
+  ASSERT_EQ(processes.shell.size(), 1u) << GetParam().name;
+  EXPECT_EQ(processes.shell[0].file, program->language.Get().FormatMsg(GetParam().address_key));
+}
+
+INSTANTIATE_TEST_SUITE_P(Links, LinkTest,
+                         ::testing::Values(LinkCase{"lblHomePage", -1, "homepage"},
+                                           LinkCase{"lblMailTo", -1, "email"},
+                                           LinkCase{"imgIcon", 0, "homepage"}));
+
 TEST_F(DesktopWindowTest, DroppingTextBeepsAndKeepsTheSelection) {
   WriteSettings("English");
   Open();

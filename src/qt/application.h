@@ -5,8 +5,9 @@
 
 namespace wavforge::qt {
 
-// The application object of the desktop program, made the same way for its widget tests so
-// that they see the screen as the program does.
+// The application object of the desktop program, without the toolkit's own scaling for dense
+// screens: one pixel of a form is one pixel of the screen. The widget tests make theirs the
+// same way, so that they see the screen as the program does.
 std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv);
 
 }  // namespace wavforge::qt

@@ -64,8 +64,12 @@ TEST_P(WindowTextsTest, TheWindowShowsTheFormInItsLanguageAtItsPixelSize) {
   EXPECT_FALSE(select->toolTip().isEmpty());
   EXPECT_EQ(static_cast<QCheckBox*>(Widget("chkDelTemp"))->text().toStdString(),
             GetParam().del_temp);
-  // Whatever the screen's density, the layout keeps the pixels it has at 120 dots per inch.
-  EXPECT_EQ(shown.size(), QSize(607, 432));
+  // Whatever the screen's density, the layout and its fonts keep the screen pixels they have at
+  // 120 dots per inch (ctest runs this at 96, 120 and 144).
+  const qreal ratio = shown.devicePixelRatioF();
+  EXPECT_EQ(shown.width() * ratio, 607);
+  EXPECT_EQ(shown.height() * ratio, 432);
+  EXPECT_EQ(Widget("lblHomePage")->fontInfo().pixelSize() * ratio, 15);
   EXPECT_EQ(Widget("cmdStart")->geometry(), QRect(375, 290, 161, 26));
   EXPECT_EQ(Widget("imgIcon", 0)->geometry(), QRect(80, 40, 32, 32));
   EXPECT_FALSE(Widget("imgIcon", 1)->isVisible());

@@ -326,16 +326,34 @@ void FormWindow::Drop(Control* target, QDropEvent* event) {
   AfterEvent();
 }
 
+bool FormWindow::TakesDropAt(QPoint position) const {
+  // Qt hands a drag over a control that takes no drops on to the window, which takes only
+  // what lands on its own free area.
+  for (const QWidget* widget = childAt(position); widget && widget != this;
+       widget = widget->parentWidget()) {
+    if (ItemOf(widget)) return false;
+  }
+  return form_.AcceptsDrops;
+}
+
 void FormWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (form_.AcceptsDrops) event->acceptProposedAction();
+  dragMoveEvent(event);
 }
 
 void FormWindow::dragMoveEvent(QDragMoveEvent* event) {
-  if (form_.AcceptsDrops) event->acceptProposedAction();
+  if (TakesDropAt(event->position().toPoint())) {
+    event->acceptProposedAction();
+  } else {
+    event->ignore();
+  }
 }
 
 void FormWindow::dropEvent(QDropEvent* event) {
-  if (form_.AcceptsDrops) Drop(nullptr, event);
+  if (TakesDropAt(event->position().toPoint())) {
+    Drop(nullptr, event);
+  } else {
+    event->ignore();
+  }
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

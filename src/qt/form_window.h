@@ -56,6 +56,8 @@ class FormWindow final : public QWidget {
   // After a form event: show its outcome, and close when the form unloaded itself.
   void AfterEvent();
   void Drop(Control* target, QDropEvent* event);
+  // Whether the window itself takes a drop at this point: not where a control lies.
+  bool TakesDropAt(QPoint position) const;
   bool HandleKey(QObject* watched, QKeyEvent* event);
   int Pixels(double twips, bool horizontal) const;
   QRect PixelRect(const Control& control) const;

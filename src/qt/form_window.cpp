@@ -51,6 +51,8 @@ FormWindow::FormWindow(Form& form, const platform::UserInterface& ui, BrowserMak
   setWindowIcon(WindowIcon());
   Build();
   if (form_.Sizable) resize(Pixels(form_.ScaleWidth, true), Pixels(form_.ScaleHeight, false));
+  // One filter on the application, none on the controls: it sees each event once for each
+  // widget the event reaches, including whatever widget inside a control has the focus.
   qApp->installEventFilter(this);
   AllWindows().push_back(this);
 }
@@ -154,10 +156,7 @@ void FormWindow::Build() {
         // Kinds this window does not show keep their place in the form only.
         break;
     }
-    if (item.widget) {
-      item.widget->installEventFilter(this);
-      if (control.AcceptsDrops) item.widget->setAcceptDrops(true);
-    }
+    if (item.widget && control.AcceptsDrops) item.widget->setAcceptDrops(true);
     items_.push_back(item);
   }
 }
@@ -444,16 +443,34 @@ void FormWindow::Drop(Control* target, QDropEvent* event) {
   AfterEvent();
 }
 
+bool FormWindow::TakesDropAt(QPoint position) const {
+  // Qt hands a drag over a control that takes no drops on to the window, which takes only
+  // what lands on its own free area.
+  for (const QWidget* widget = childAt(position); widget && widget != this;
+       widget = widget->parentWidget()) {
+    if (ItemOf(widget)) return false;
+  }
+  return form_.AcceptsDrops;
+}
+
 void FormWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (form_.AcceptsDrops) event->acceptProposedAction();
+  dragMoveEvent(event);
 }
 
 void FormWindow::dragMoveEvent(QDragMoveEvent* event) {
-  if (form_.AcceptsDrops) event->acceptProposedAction();
+  if (TakesDropAt(event->position().toPoint())) {
+    event->acceptProposedAction();
+  } else {
+    event->ignore();
+  }
 }
 
 void FormWindow::dropEvent(QDropEvent* event) {
-  if (form_.AcceptsDrops) Drop(nullptr, event);
+  if (TakesDropAt(event->position().toPoint())) {
+    Drop(nullptr, event);
+  } else {
+    event->ignore();
+  }
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

@@ -71,6 +71,8 @@ class FormWindow final : public QWidget {
   // The window's frame around its inner area, in pixels.
   QSize FrameExtra() const;
   void Drop(Control* target, QDropEvent* event);
+  // Whether the window itself takes a drop at this point: not where a control lies.
+  bool TakesDropAt(QPoint position) const;
   bool HandleKey(QObject* watched, QKeyEvent* event);
   int Pixels(double twips, bool horizontal) const;
   QRect PixelRect(const Control& control) const;

@@ -5,6 +5,7 @@
 
 #include "platform/posix/posix_platform.h"
 #include "platform/posix/x11_window_search.h"
+#include "qt/application.h"
 #include "qt/form_window.h"
 #include "qt/qt_user_interface.h"
 #include "qt/screen_fonts.h"
@@ -24,10 +25,7 @@ constexpr int kActivationTimeoutMs = 2000;
 
 int main(int argc, char** argv) {
   const auto probe = wavforge::qt::StartupProbe::FromEnvironment();
-  // The forms scale themselves to the screen's dots per inch; the toolkit only adds whole
-  // multiples for screens of twice the density and more.
-  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
-  QApplication app(argc, argv);
+  const auto app = wavforge::qt::MakeApplication(argc, argv);
   QApplication::setApplicationName(QStringLiteral("wavforge"));
   // What the toolkit left of the arguments are the files, as bytes. The job script runs in the
   // program folder, so a relative name of an existing file is made absolute here.

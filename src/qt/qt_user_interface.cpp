@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QScreen>
@@ -116,8 +117,11 @@ void QtUserInterface::SetMousePointer(int code) {
 
 bool QtUserInterface::GetOpenFileName(const platform::OpenFileRequest& request,
                                       std::string& answer) {
-  QFileDialog dialog(owner_, QString::fromStdString(request.title),
-                     QString::fromStdString(request.initial_folder));
+  QFileDialog dialog(owner_, QString::fromStdString(request.title));
+  // Given a folder that is not there, the dialog would open its parent with the missing name
+  // typed in; it starts where it would by itself instead, with no name.
+  const QString folder = QString::fromStdString(request.initial_folder);
+  if (QFileInfo(folder).isDir()) dialog.setDirectory(folder);
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   const bool several = (request.flags & platform::kOfnAllowMultiSelect) != 0;
   const bool must_exist = (request.flags & platform::kOfnFileMustExist) != 0;

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "qt/application.h"
 #include "qt/screen_fonts.h"
 #include "support/process_isolation.h"
 
@@ -11,7 +12,7 @@
 int main(int argc, char** argv) {
   const std::filesystem::path root = testing_support::IsolateProcess();
   setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  QApplication app(argc, argv);
+  const auto app = wavforge::qt::MakeApplication(argc, argv);
   wavforge::qt::AddFontSubstitutes();
   ::testing::InitGoogleMock(&argc, argv);
   const int result = RUN_ALL_TESTS();

@@ -16,8 +16,10 @@
 #include "platform/posix/registry_paths.h"
 #include "platform/posix/sqlite_registry.h"
 #include "platform/posix/system_clock.h"
+#include "qt/assistant_window_holder.h"
 #include "qt/form_window.h"
 #include "qt/qt_user_interface.h"
+#include "qt/web_browser.h"
 #include "settings/product.h"
 #include "shell/frm_main.h"
 #include "shell/program_objects.h"
@@ -58,6 +60,7 @@ class CountingUserInterface final : public platform::UserInterface {
 class DesktopWindowTest : public testing_support::IsolatedHomeTest {
  protected:
   void TearDown() override {
+    assistant.reset();
     window.reset();
     form.reset();
     program.reset();
@@ -80,10 +83,16 @@ class DesktopWindowTest : public testing_support::IsolatedHomeTest {
     platform::WindowSearch& windows = real_windows
                                           ? static_cast<platform::WindowSearch&>(console_titles)
                                           : static_cast<platform::WindowSearch&>(fake_windows);
+    environment = std::make_unique<platform::posix::PosixEnvironment>(program_folder);
     ports = std::make_unique<platform::Ports>(platform::Ports{
-        environment, files, profiles, *registry, clock, binary_files, processes, windows});
+        *environment, files, profiles, *registry, clock, binary_files, processes, windows});
     program = std::make_unique<ProgramObjects>(*ports, ui);
     form = std::make_unique<frmMain>(*ports, ui, *program, command_line);
+    assistant = std::make_unique<AssistantWindowHolder>(*ports, ui, *program, [](QWidget* parent) {
+      auto* browser = new WebBrowser(parent);
+      return std::pair<QWidget*, BrowserControl*>(browser, browser);
+    });
+    form->SetAssistant(assistant.get());
     window = std::make_unique<FormWindow>(*form, ui);
     qt_ui.SetOwner(window.get());
     window->LoadForm();
@@ -101,7 +110,9 @@ class DesktopWindowTest : public testing_support::IsolatedHomeTest {
     QMetaObject::invokeMethod(window->TimerOf("tmrStillWorking"), "timeout", Qt::DirectConnection);
   }
 
-  platform::posix::PosixEnvironment environment{WAVFORGE_PROGRAM_DIR};
+  // The folder the program's data files are read from.
+  std::string program_folder = WAVFORGE_PROGRAM_DIR;
+  std::unique_ptr<platform::posix::PosixEnvironment> environment;
   platform::posix::PosixFileSystem files;
   platform::posix::IniProfileReader profiles;
   std::unique_ptr<platform::posix::SqliteRegistry> registry;
@@ -116,6 +127,7 @@ class DesktopWindowTest : public testing_support::IsolatedHomeTest {
   std::unique_ptr<ProgramObjects> program;
   std::unique_ptr<frmMain> form;
   std::unique_ptr<FormWindow> window;
+  std::unique_ptr<AssistantWindowHolder> assistant;
 };
 
 }  // namespace wavforge::qt

@@ -2,6 +2,9 @@
 
 #include <QTimer>
 
+#include "qt/web_browser.h"
+#include "settings/registry_access.h"
+
 namespace wavforge::qt {
 namespace {
 
@@ -14,9 +17,8 @@ void Destroy(std::shared_ptr<frmWizard>& form, std::shared_ptr<FormWindow>& wind
 }  // namespace
 
 AssistantWindowHolder::AssistantWindowHolder(const platform::Ports& ports,
-                                             platform::UserInterface& ui, ProgramObjects& program,
-                                             FormWindow::BrowserMaker make_browser)
-    : ports_(ports), ui_(ui), program_(program), make_browser_(std::move(make_browser)) {}
+                                             platform::UserInterface& ui, ProgramObjects& program)
+    : ports_(ports), ui_(ui), program_(program) {}
 
 AssistantWindowHolder::~AssistantWindowHolder() {
   Destroy(form_, window_);
@@ -26,7 +28,16 @@ void AssistantWindowHolder::Ensure() {
   if (form_ && !form_->Released()) return;
   Destroy(form_, window_);
   form_ = std::make_shared<frmWizard>(ports_, ui_, program_);
-  window_ = std::make_shared<FormWindow>(*form_, ui_, make_browser_);
+  platform::Registry& registry = ports_.registry;
+  window_ = std::make_shared<FormWindow>(*form_, ui_, [&registry](QWidget* parent) {
+    auto* browser = new WebBrowser(parent);
+    browser->SetDownloadFolder([&registry] {
+      return std::get<std::string>(RegRead(registry, platform::RegistryRoot::kCurrentUser,
+                                           kBrowserSettingsKey, kDownloadDirectoryValue,
+                                           std::string()));
+    });
+    return std::pair<QWidget*, BrowserControl*>(browser, browser);
+  });
   window_->OnClosed([this] { Release(); });
   window_->LoadForm();
 }

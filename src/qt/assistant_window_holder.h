@@ -13,8 +13,10 @@ namespace wavforge::qt {
 // it closes, so that the next use makes a fresh one.
 class AssistantWindowHolder final : public AssistantWindow {
  public:
+  // Its browsers are Qt WebEngine's; downloads go where the registry value the window writes
+  // says.
   AssistantWindowHolder(const platform::Ports& ports, platform::UserInterface& ui,
-                        ProgramObjects& program, FormWindow::BrowserMaker make_browser);
+                        ProgramObjects& program);
   ~AssistantWindowHolder() override;
 
   void SetUrl(const std::string& Url, bool Online) override;
@@ -31,7 +33,6 @@ class AssistantWindowHolder final : public AssistantWindow {
   const platform::Ports& ports_;
   platform::UserInterface& ui_;
   ProgramObjects& program_;
-  FormWindow::BrowserMaker make_browser_;
   std::shared_ptr<frmWizard> form_;
   std::shared_ptr<FormWindow> window_;
 };

@@ -6,6 +6,7 @@
 #include "platform/posix/posix_platform.h"
 #include "platform/posix/x11_window_search.h"
 #include "qt/application.h"
+#include "qt/assistant_window_holder.h"
 #include "qt/form_window.h"
 #include "qt/qt_user_interface.h"
 #include "qt/screen_fonts.h"
@@ -54,7 +55,10 @@ int main(int argc, char** argv) {
   platform::posix::PosixPlatform system(wavforge::kProductName, "", &display_windows);
   wavforge::qt::QtUserInterface ui;
   wavforge::ProgramObjects program(system.ports(), ui);
+  // Made on first use; it goes before the program objects it refers to.
+  wavforge::qt::AssistantWindowHolder assistant(system.ports(), ui, program);
   wavforge::frmMain form(system.ports(), ui, program, wavforge::JoinCommandLine(arguments));
+  form.SetAssistant(&assistant);
   wavforge::qt::FormWindow window(form, ui);
   ui.SetOwner(&window);
   instance.OnActivationRequest([&window] { window.Activate(); });

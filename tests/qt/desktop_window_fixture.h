@@ -19,7 +19,6 @@
 #include "qt/assistant_window_holder.h"
 #include "qt/form_window.h"
 #include "qt/qt_user_interface.h"
-#include "qt/web_browser.h"
 #include "settings/product.h"
 #include "shell/frm_main.h"
 #include "shell/program_objects.h"
@@ -88,10 +87,7 @@ class DesktopWindowTest : public testing_support::IsolatedHomeTest {
         *environment, files, profiles, *registry, clock, binary_files, processes, windows});
     program = std::make_unique<ProgramObjects>(*ports, ui);
     form = std::make_unique<frmMain>(*ports, ui, *program, command_line);
-    assistant = std::make_unique<AssistantWindowHolder>(*ports, ui, *program, [](QWidget* parent) {
-      auto* browser = new WebBrowser(parent);
-      return std::pair<QWidget*, BrowserControl*>(browser, browser);
-    });
+    assistant = std::make_unique<AssistantWindowHolder>(*ports, ui, *program);
     form->SetAssistant(assistant.get());
     window = std::make_unique<FormWindow>(*form, ui);
     qt_ui.SetOwner(window.get());

@@ -23,10 +23,10 @@ xvfb-run -a -s "-screen 0 1280x800x24" bash -c '
   sleep 1
   title="wavforge Help – The main window"
   # Milliseconds from pressing the keys until a visible window carries the title.
-  press() {  # window keys
+  press() {  # window keys (the window has the focus already)
     local start end
     start=$(date +%s%N)
-    xdotool key --window "$1" --clearmodifiers "$2"
+    xdotool key --clearmodifiers "$2"
     until xdotool search --onlyvisible --name "^$title\$" >/dev/null 2>&1; do sleep 0.005; done
     end=$(date +%s%N)
     echo $(( (end - start) / 1000000 ))

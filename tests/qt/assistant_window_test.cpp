@@ -45,7 +45,7 @@ class AssistantWindowTest : public DesktopWindowTest {
     if (!registry) {
       const auto paths = platform::posix::DefaultRegistryPaths(kProductName);
       registry = std::make_unique<platform::posix::SqliteRegistry>(paths.user_store,
-                                                                   paths.machine_store, "");
+                                                                   paths.machine_store, nullptr);
     }
     return *registry;
   }

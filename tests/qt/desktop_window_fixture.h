@@ -78,7 +78,7 @@ class DesktopWindowTest : public testing_support::IsolatedHomeTest {
   FormWindow& Open(const std::string& command_line = "", bool real_windows = false) {
     const auto paths = platform::posix::DefaultRegistryPaths(kProductName);
     registry = std::make_unique<platform::posix::SqliteRegistry>(paths.user_store,
-                                                                 paths.machine_store, "");
+                                                                 paths.machine_store, nullptr);
     platform::WindowSearch& windows = real_windows
                                           ? static_cast<platform::WindowSearch&>(console_titles)
                                           : static_cast<platform::WindowSearch&>(fake_windows);

@@ -41,8 +41,8 @@ class SqliteRegistryTest : public testing_support::IsolatedHomeTest {
  protected:
   fs::path UserStore() const { return ConfigHome() / "Larkspur" / "registry.sqlite"; }
   fs::path MachineStore() const { return MachineData() / "Larkspur" / "registry.sqlite"; }
-  SqliteRegistry Make(const std::string& agent = "") const {
-    return SqliteRegistry(UserStore(), MachineStore(), agent);
+  SqliteRegistry Make(std::function<std::string()> agent = {}) const {
+    return SqliteRegistry(UserStore(), MachineStore(), std::move(agent));
   }
 };
 
@@ -249,13 +249,17 @@ TEST_F(SqliteRegistryTest, EnvironmentHasNoOtherValuesAndStoredOnesWin) {
 }
 
 TEST_F(SqliteRegistryTest, ClassesRootAndUsersHoldOnlyWhatTheSystemSupplies) {
-  SqliteRegistry registry = Make("Mozilla/5.0 (X11; Linux x86_64) wavforge");
+  int asked = 0;
+  SqliteRegistry registry =
+      Make([&asked] { return ++asked, "Mozilla/5.0 (X11; Linux x86_64) wavforge"; });
   EXPECT_TRUE(registry.OpenKey(kUsers, ".default\\software", kQuery));
   EXPECT_FALSE(registry.OpenKey(kUsers, ".DEFAULT\\Soft", kQuery));
+  EXPECT_EQ(asked, 0);  // the browser engine starts only for a reader of the value
   EXPECT_EQ(registry.QueryValue(kUsers, kAgentKey, "user agent"),
             Text("Mozilla/5.0 (X11; Linux x86_64) wavforge"));
   EXPECT_EQ(registry.QueryValue(kUsers, kAgentKey, "Accept"), std::nullopt);
-  EXPECT_EQ(Make("").QueryValue(kUsers, kAgentKey, "User Agent"), std::nullopt);
+  EXPECT_EQ(Make().QueryValue(kUsers, kAgentKey, "User Agent"), std::nullopt);
+  EXPECT_EQ(Make([] { return ""; }).QueryValue(kUsers, kAgentKey, "User Agent"), std::nullopt);
   for (const RegistryRoot root : {kClasses, kUsers}) {
     EXPECT_TRUE(registry.OpenKey(root, "", kQuery));
     EXPECT_FALSE(registry.OpenKey(root, "", kWrite));

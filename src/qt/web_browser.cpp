@@ -229,7 +229,7 @@ void WebBrowser::Clicked(int generation, int index, bool checked) {
   if (!handler) return;
   QPointer<WebBrowser> alive(this);
   handler->DefaultMethod();
-  if (alive) ApplyChanges();
+  if (alive) AfterHandler();
 }
 
 void WebBrowser::Download(QWebEngineDownloadRequest* download) {
@@ -248,9 +248,15 @@ bool WebBrowser::Fire(const std::function<void(BrowserEvents&)>& event) {
   if (!events_) return true;
   QPointer<WebBrowser> alive(this);
   event(*events_);
-  if (!alive) return false;
+  return alive && AfterHandler();
+}
+
+bool WebBrowser::AfterHandler() {
   ApplyChanges();
-  return true;
+  if (!after_event_) return true;
+  QPointer<WebBrowser> alive(this);
+  after_event_();
+  return alive;
 }
 
 bool WebBrowser::ReportCommandStates() {

@@ -41,6 +41,9 @@ class WebBrowser final : public QFrame, public BrowserControl {
   void SetDownloadFolder(std::function<std::string()> folder) {
     download_folder_ = std::move(folder);
   }
+  // Runs after every event and click handler, once its changes are in the page: the front end
+  // shows there what the handler changed in its windows.
+  void SetAfterEvent(std::function<void()> after) { after_event_ = std::move(after); }
   QWebEngineView* View() const { return view_; }
 
  private:
@@ -51,9 +54,10 @@ class WebBrowser final : public QFrame, public BrowserControl {
   void Failed(const QWebEngineLoadingInfo& info);
   void Clicked(int generation, int index, bool checked);
   void Download(QWebEngineDownloadRequest* download);
-  // Runs a handler and then puts its changes into the page; false when the handler deleted
-  // this browser.
+  // Runs a handler, then puts its changes into the page and lets the front end show the rest;
+  // false when the handler deleted this browser.
   bool Fire(const std::function<void(BrowserEvents&)>& event);
+  bool AfterHandler();
   bool ReportCommandStates();
   void ApplyChanges();
 
@@ -68,6 +72,7 @@ class WebBrowser final : public QFrame, public BrowserControl {
   int generation_ = 0;  // the snapshot the document comes from, named by the page's clicks
   OfflineFallback fallback_;
   std::function<std::string()> download_folder_;
+  std::function<void()> after_event_;
   std::unique_ptr<QPrinter> printer_;  // while a print job runs
   bool closing_ = false;
 };

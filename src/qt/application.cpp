@@ -1,6 +1,9 @@
 #include "qt/application.h"
 
+#include <unistd.h>
+
 #include <QByteArray>
+#include <cstdlib>
 
 namespace wavforge::qt {
 
@@ -12,6 +15,10 @@ std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
   const bool was_set = qEnvironmentVariableIsSet(kToolkitScaling);
   const QByteArray before = qgetenv(kToolkitScaling);
   qputenv(kToolkitScaling, "0");
+  // Qt WebEngine shares its contexts with the toolkit's, which must be said before the object
+  // exists. Chromium refuses to run as root inside its sandbox; whoever set the switch decides.
+  QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+  if (geteuid() == 0) setenv("QTWEBENGINE_DISABLE_SANDBOX", "1", 0);
   auto app = std::make_unique<QApplication>(argc, argv);
   if (was_set) {
     qputenv(kToolkitScaling, before);

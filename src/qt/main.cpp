@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QWebEngineProfile>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -52,7 +53,11 @@ int main(int argc, char** argv) {
   // from $DISPLAY, not the toolkit's: on Wayland the toolkit has none, yet XWayland's windows
   // are windows, and the searches never touch the toolkit's event queue.
   platform::posix::X11WindowSearch display_windows;
-  platform::posix::PosixPlatform system(wavforge::kProductName, "", &display_windows);
+  // The browser engine starts only when something reads its agent, not with every start.
+  platform::posix::PosixPlatform system(
+      wavforge::kProductName,
+      [] { return QWebEngineProfile::defaultProfile()->httpUserAgent().toStdString(); },
+      &display_windows);
   wavforge::qt::QtUserInterface ui;
   wavforge::ProgramObjects program(system.ports(), ui);
   // Made on first use; it goes before the program objects it refers to.

@@ -22,6 +22,7 @@ AssistantWindowHolder::AssistantWindowHolder(const platform::Ports& ports,
 
 AssistantWindowHolder::~AssistantWindowHolder() {
   Destroy(form_, window_);
+  Destroy(released_form_, released_window_);
 }
 
 void AssistantWindowHolder::Ensure() {
@@ -31,6 +32,10 @@ void AssistantWindowHolder::Ensure() {
   platform::Registry& registry = ports_.registry;
   window_ = std::make_shared<FormWindow>(*form_, ui_, [&registry](QWidget* parent) {
     auto* browser = new WebBrowser(parent);
+    // What a page's events and clicks change shows in every window, as after a window's own.
+    browser->SetAfterEvent([browser] {
+      if (auto* window = dynamic_cast<FormWindow*>(browser->window())) window->AfterEvent();
+    });
     browser->SetDownloadFolder([&registry] {
       return std::get<std::string>(RegRead(registry, platform::RegistryRoot::kCurrentUser,
                                            kBrowserSettingsKey, kDownloadDirectoryValue,
@@ -56,10 +61,13 @@ void AssistantWindowHolder::UnloadIfLoaded() {
 
 void AssistantWindowHolder::Release() {
   if (!form_ || !form_->Released()) return;
-  // Not inside the window's own events: the pair goes once they have returned.
-  QTimer::singleShot(0, [form = std::move(form_), window = std::move(window_)]() mutable {
-    Destroy(form, window);
-  });
+  // Not inside the window's own events: the pair goes once they have returned, or with the
+  // holder, which goes before the application object.
+  Destroy(released_form_, released_window_);
+  released_form_ = std::move(form_);
+  released_window_ = std::move(window_);
+  QTimer::singleShot(0, released_window_.get(),
+                     [this] { Destroy(released_form_, released_window_); });
 }
 
 }  // namespace wavforge::qt

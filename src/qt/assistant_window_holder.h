@@ -35,6 +35,8 @@ class AssistantWindowHolder final : public AssistantWindow {
   ProgramObjects& program_;
   std::shared_ptr<frmWizard> form_;
   std::shared_ptr<FormWindow> window_;
+  std::shared_ptr<frmWizard> released_form_;
+  std::shared_ptr<FormWindow> released_window_;
 };
 
 }  // namespace wavforge::qt

@@ -1,3 +1,4 @@
+#include <QCheckBox>
 #include <QTest>
 #include <QWebEnginePage>
 #include <QWebEngineView>
@@ -5,6 +6,7 @@
 #include <sstream>
 
 #include "desktop_window_fixture.h"
+#include "qt/web_browser.h"
 #include "settings/registry_access.h"
 #include "static_help_server.h"
 
@@ -75,8 +77,8 @@ class AssistantWindowTest : public DesktopWindowTest {
     std::optional<QString> result;
     browser->View()->page()->runJavaScript(
         script, [&](const QVariant& value) { result = value.toString(); });
-    QTest::qWaitFor([&] { return result.has_value(); }, 10000);
-    return result.value_or("(no answer)").toStdString();
+    if (!QTest::qWaitFor([&] { return result.has_value(); }, 10000)) return "(no answer)";
+    return result->toStdString();
   }
   // A key as the user presses it: to the window's focused widget, or the window itself.
   static void Press(QWidget* window, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {

@@ -14,6 +14,9 @@ packages=(
   # Tahoma, Verdana and Microsoft Sans Serif
   qt6-base-dev xvfb xauth imagemagick xdotool openbox
   fonts-dejavu-core fonts-dejavu-extra fonts-liberation2
+  # the assistant window's browser: Qt WebEngine with its web channel (print support comes
+  # with qt6-base-dev); the engine's renderer, QtWebEngineProcess, is its own package
+  qt6-webengine-dev qt6-webchannel-dev libqt6webenginecore6-bin
   # the encoders the shipped fix file runs
   lame vorbis-tools sox ffmpeg
 )

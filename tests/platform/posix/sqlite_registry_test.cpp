@@ -140,7 +140,7 @@ TEST_F(SqliteRegistryTest, StoreBlockedByAFileOrAFolderRefusesWrites) {
   // stop even root.
   testing_support::WriteFile(MachineData() / "blocked", "not a folder");
   fs::create_directories(UserStore());
-  SqliteRegistry registry(UserStore(), MachineData() / "blocked" / "registry.sqlite", "");
+  SqliteRegistry registry(UserStore(), MachineData() / "blocked" / "registry.sqlite", nullptr);
   for (const RegistryRoot root : {kUser, kMachine}) {
     EXPECT_TRUE(registry.OpenKey(root, "", kQuery));
     EXPECT_FALSE(registry.OpenKey(root, "", kWrite));

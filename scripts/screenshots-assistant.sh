@@ -29,6 +29,8 @@ for language in ${LANGUAGES:-English German}; do
       pid=$!
       for _ in $(seq 100); do grep -q "window shown" "$TMPDIR/wavforge.err" && break; sleep 0.1; done
       main=$(xdotool search --sync --onlyvisible --pid "$pid" | head -1)
+      # The main window on the left, as a user would keep it; the assistant takes the other half.
+      xdotool windowmove --sync "$main" 24 40
       xdotool windowactivate --sync "$main" key --clearmodifiers alt+F2
       xdotool search --sync --onlyvisible --name "Assistant|Assistent" >/dev/null
       sleep 2

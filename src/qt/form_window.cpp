@@ -48,6 +48,8 @@ FormWindow::FormWindow(Form& form, const platform::UserInterface& ui, BrowserMak
       ui_(ui),
       make_browser_(std::move(make_browser)),
       placed_{form.Left, form.Top, form.Width, form.Height} {
+  design_frame_ = QSize(Pixels(form.Width - form.ScaleWidth, true),
+                        Pixels(form.Height - form.ScaleHeight, false));
   setWindowIcon(WindowIcon());
   Build();
   if (form_.Sizable) resize(Pixels(form_.ScaleWidth, true), Pixels(form_.ScaleHeight, false));
@@ -286,17 +288,19 @@ void FormWindow::AfterEvent() {
 QSize FormWindow::FrameExtra() const {
   if (isVisible()) return frameGeometry().size() - geometry().size();
   // Before the window manager has framed the window: the frame the form was designed with.
-  return {Pixels(form_.Width - form_.ScaleWidth, true),
-          Pixels(form_.Height - form_.ScaleHeight, false)};
+  return design_frame_;
 }
 
 void FormWindow::SyncGeometry() {
   const Bounds wanted{form_.Left, form_.Top, form_.Width, form_.Height};
   if (wanted == placed_) return;
-  placed_ = wanted;
+  const Bounds was = std::exchange(placed_, wanted);
   if (isMinimized() || isMaximized()) return;
-  move(Pixels(wanted.left, true), Pixels(wanted.top, false));
-  if (form_.Sizable) {
+  // Only what the form changed: the window manager places a window nobody placed.
+  if (wanted.left != was.left || wanted.top != was.top) {
+    move(Pixels(wanted.left, true), Pixels(wanted.top, false));
+  }
+  if (form_.Sizable && (wanted.width != was.width || wanted.height != was.height)) {
     const QSize frame = FrameExtra();
     resize(Pixels(wanted.width, true) - frame.width(),
            Pixels(wanted.height, false) - frame.height());

@@ -84,6 +84,7 @@ class FormWindow final : public QWidget {
   std::vector<QWidget*> stacking_;
   bool loaded_ = false;
   bool painted_ = false;
+  QSize design_frame_;
   std::function<void()> on_first_paint_;
   std::function<void()> on_closed_;
   BrowserMaker make_browser_;

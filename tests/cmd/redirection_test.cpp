@@ -9,7 +9,7 @@ namespace {
 std::string Describe(const ParsedCommand& parsed) {
   std::string text = parsed.text + " |";
   for (const Redirection& r : parsed.redirections) {
-    text += " " + std::to_string(r.handle);
+    text.append(" ").append(std::to_string(r.handle));
     switch (r.kind) {
       case RedirectionKind::kTruncate:
         text += ">" + r.target;

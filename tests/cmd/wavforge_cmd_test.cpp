@@ -218,7 +218,8 @@ TEST_F(WavforgeCmdTest, TitleIsVisibleWhileALongCommandRunsAndGoneAfterwards) {
   EXPECT_EQ(AwaitTitle(pid), "Larkspur Encoder");
   const ProcessResult run = process.Wait();
   EXPECT_EQ(run.exit_code, 0);
-  EXPECT_EQ(run.out, "\n" + Folder().string() + ">title Larkspur Encoder\ndone\n");
+  EXPECT_EQ(run.out,
+            std::string("\n").append(Folder().string()) + ">title Larkspur Encoder\ndone\n");
   EXPECT_EQ(platform::posix::ReadConsoleTitle(pid), std::nullopt);
 }
 

@@ -19,6 +19,9 @@ packages=(
   qt6-webengine-dev qt6-webchannel-dev libqt6webenginecore6-bin
   # the encoders the shipped fix file runs
   lame vorbis-tools sox ffmpeg
+  # packaging: the .deb (cpack needs dpkg-shlibdeps and file) and the checks of it and of the
+  # desktop entry, the AppStream file and the manual pages
+  dpkg-dev file lintian desktop-file-utils appstream man-db
 )
 
 missing=()

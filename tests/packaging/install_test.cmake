@@ -1,11 +1,12 @@
 # cmake --install into a fresh prefix: one file of every install rule is there, and a program
 # started through its link in bin finds the program folder behind it.
-# Usage: cmake -DBUILD_DIR=<build> -DPREFIX=<fresh folder> -P install_test.cmake
+# Usage: cmake -DBUILD_DIR=<build> -DPREFIX=<fresh folder> -DHELP=HTML<major> -P install_test.cmake
 file(REMOVE_RECURSE ${PREFIX})
 execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${PREFIX}
                 OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 
-foreach(file lib/wavforge/wavforge-encode lib/wavforge/LarkspurFix.ini lib/wavforge/English.lang
+foreach(file lib/wavforge/wavforge-encode lib/wavforge/LarkspurFix.ini lib/wavforge/Larkspur.nav
+             lib/wavforge/${HELP}/German/search-index.js
              bin/wavforge bin/wavforge-cli bin/wavforge-cmd share/applications/wavforge.desktop
              share/metainfo/org.example.wavforge.metainfo.xml
              share/icons/hicolor/scalable/apps/wavforge.svg

@@ -11,6 +11,7 @@
 #include "settings/system_info.h"
 #include "shell/version_label.h"
 #include "ui/form_layout.h"
+#include "ui/ignoring_errors.h"
 
 namespace wavforge {
 namespace {
@@ -27,14 +28,6 @@ constexpr int kMinimized = 1;
 
 // The program's name as downloads and the offline page know it.
 constexpr const char* kExecutableName = "wavforge";
-
-template <typename Step>
-void IgnoringErrors(Step step) {
-  try {
-    step();
-  } catch (const std::exception&) {
-  }
-}
 
 FontSpec Tahoma() {
   FontSpec font;

@@ -94,6 +94,9 @@ WebBrowser::~WebBrowser() {
   events_ = nullptr;
   // While the members still live: the page may answer pending scripts as it goes.
   delete view_;
+  // The engine's print thread goes on drawing into the printer and tells nobody when it is
+  // done; the printer stays with it.
+  static_cast<void>(printer_.release());
 }
 
 void WebBrowser::InstallScripts() {

@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
 #include <QPointer>
 #include <QPrintDialog>
 #include <QVBoxLayout>
@@ -235,9 +237,27 @@ void WebBrowser::Clicked(int generation, int index, bool checked) {
   if (alive) AfterHandler();
 }
 
+void WebBrowser::ShowAsText(const QUrl& url) {
+  if (!network_) network_ = new QNetworkAccessManager(this);
+  QNetworkReply* reply = network_->get(QNetworkRequest(url));
+  connect(reply, &QNetworkReply::finished, this, [this, reply, url] {
+    reply->deleteLater();
+    if (reply->error() == QNetworkReply::NoError) {
+      view_->page()->setContent(reply->readAll(), QStringLiteral("text/plain;charset=utf-8"), url);
+    }
+  });
+}
+
 void WebBrowser::Download(QWebEngineDownloadRequest* download) {
   // Every page of the profile asks here.
   if (download->page() != view_->page()) return;
+  if (download->url().path().endsWith(QStringLiteral(".nav"), Qt::CaseInsensitive)) {
+    // A navigation table is text the window reads; a static server that does not know the
+    // name sends it as a download.
+    download->cancel();
+    ShowAsText(download->url());
+    return;
+  }
   const std::string folder = download_folder_ ? download_folder_() : std::string();
   if (!folder.empty()) {
     const QString path = QString::fromStdString(folder);

@@ -9,6 +9,7 @@
 #include "assistant/browser_control.h"
 #include "qt/document_changes.h"
 
+class QNetworkAccessManager;
 class QWebEngineDownloadRequest;
 class QWebEngineLoadingInfo;
 class QWebEngineView;
@@ -54,6 +55,8 @@ class WebBrowser final : public QFrame, public BrowserControl {
   void Failed(const QWebEngineLoadingInfo& info);
   void Clicked(int generation, int index, bool checked);
   void Download(QWebEngineDownloadRequest* download);
+  // Loads the text at url into the page as plain text.
+  void ShowAsText(const QUrl& url);
   // Runs a handler, then puts its changes into the page and lets the front end show the rest;
   // false when the handler deleted this browser.
   bool Fire(const std::function<void(BrowserEvents&)>& event);
@@ -62,6 +65,7 @@ class WebBrowser final : public QFrame, public BrowserControl {
   void ApplyChanges();
 
   QWebEngineView* view_;
+  QNetworkAccessManager* network_ = nullptr;
   HostUi* host_ui_;
   BrowserEvents* events_ = nullptr;
   std::shared_ptr<HtmlDocument> document_;

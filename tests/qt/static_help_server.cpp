@@ -11,7 +11,8 @@ QByteArray TypeOf(const QString& path) {
   if (path.endsWith(".htm") || path.endsWith(".html")) return "text/html; charset=utf-8";
   if (path.endsWith(".css")) return "text/css";
   if (path.endsWith(".js")) return "text/javascript";
-  return "text/plain; charset=utf-8";
+  // What servers send for a name they do not know, such as the navigation table's.
+  return "application/octet-stream";
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 namespace wavforge::qt {
 
 // Serves the files of one folder over HTTP on 127.0.0.1, as any static web server would serve
-// the online help: the query is ignored, unknown files are 404, ".nav" is plain text.
+// the online help: the query is ignored, unknown files are 404, unknown types are bytes.
 class StaticHelpServer final : public QTcpServer {
  public:
   explicit StaticHelpServer(QString folder);

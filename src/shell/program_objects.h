@@ -11,7 +11,8 @@
 namespace wavforge {
 
 // What lives as long as the program and every window shares: the settings and their loader,
-// the selected files, the language object and the list of loaded windows. A front end makes one and hands it down.
+// the selected files, the language object and the list of loaded windows. A front end makes
+// one and hands it down.
 struct ProgramObjects {
   ProgramObjects(const platform::Ports& ports, platform::UserInterface& ui)
       : loader(ports), language(settings, ports, ui) {}

@@ -16,16 +16,6 @@
     return out;
   }
 
-  function decode(text) {
-    return text.replace(/(%[0-9A-Fa-f]{2})+/g, function (run) {
-      try {
-        return decodeURIComponent(run);
-      } catch (e) {
-        return run;
-      }
-    });
-  }
-
   function wordsOf(text) {
     return fold(text).split(/\s+/).filter(function (word) {
       return word !== "";
@@ -133,7 +123,7 @@
   document.addEventListener("DOMContentLoaded", function () {
     var field = document.getElementById("search-words");
     var match = /(?:^|&)s=([^&]*)/.exec(location.search.substring(1));
-    var query = match ? decode(match[1]) : "";
+    var query = match ? wavforgeQuery.decode(match[1]) : "";
     field.value = query;
     show(query);
     document.getElementById("search-form").addEventListener("submit", function (event) {

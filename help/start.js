@@ -4,23 +4,12 @@
 (function () {
   "use strict";
 
-  // %XX runs are decoded where they can be; a stray "%" (typed "100%") stays as it is.
-  function decode(text) {
-    return text.replace(/(%[0-9A-Fa-f]{2})+/g, function (run) {
-      try {
-        return decodeURIComponent(run);
-      } catch (e) {
-        return run;
-      }
-    });
-  }
-
   function target() {
     var query = location.search;
     var at = query.indexOf("url=");
     if (at < 0) return "index.htm";
     // A "#" belongs to the page (an anchor, or part of the search words).
-    var page = decode(query.substring(at + 4) + location.hash);
+    var page = wavforgeQuery.decode(query.substring(at + 4) + location.hash);
     if (page === "") return "index.htm";
 
     // The online help is served statically: its search runs in search.htm, not search.php.

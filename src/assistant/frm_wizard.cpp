@@ -107,6 +107,10 @@ frmWizard::frmWizard(const platform::Ports& ports, platform::UserInterface& ui,
     if (arguments.size() != 2) throw std::invalid_argument("SetUrl takes a page and a flag");
     SetUrl(ToText(arguments[0]), ToBool(arguments[1]));
   });
+  DefineOperation("SetUpdateURL", [this](const std::vector<Argument>& arguments) {
+    if (arguments.size() != 1) throw std::invalid_argument("SetUpdateURL takes a page");
+    SetUpdateURL(ToText(arguments[0]));
+  });
   DefineOperation("DispatchControl", [this](const std::vector<Argument>& arguments) {
     if (!arguments.empty()) throw std::invalid_argument("DispatchControl takes nothing");
     DispatchControl();
@@ -383,6 +387,33 @@ void frmWizard::Close() {
 
 void frmWizard::Unload() {
   if (!released_) Close();
+}
+
+void frmWizard::SetUpdateURL(const std::string& URL) {
+  IgnoringErrors([&] {
+    Visible = false;
+    IsUpdateCheck = true;
+    if (!own_update_check_) {
+      UpdateCheckWindow hooks{
+          [this](bool on) { Find("tmrUnload")->Enabled = on; },
+          [this] {
+            IgnoringErrors([&] { Browser("objWebBrowser1")->Stop(); });
+            IgnoringErrors([&] { Browser("objWebBrowser2")->Stop(); });
+            Close();
+          },
+          [this](const std::string& argument) { return RunElevated(argument); }};
+      own_update_check_ = std::make_unique<UpdateCheck>(ports_, ui_, scripts_, std::move(hooks));
+      SetUpdateCheck(own_update_check_.get());
+    }
+    const RegistryData agent =
+        RegRead(ports_.registry, platform::RegistryRoot::kUsers,
+                ".DEFAULT\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings",
+                "User Agent", std::string());
+    const std::string* text = std::get_if<std::string>(&agent);
+    const std::string header = "USER-AGENT:" + (text ? *text : std::string()) + " wavforge " +
+                               VersionLabel(WAVFORGE_VERSION) + "\r\n";
+    Browser("objWebBrowser1")->Navigate(URL, header);
+  });
 }
 
 void frmWizard::SetUpdateCheck(UpdateCheckEvents* update_check) {

@@ -7,8 +7,10 @@
 #include "assistant/browser_control.h"
 #include "assistant/cls_forward.h"
 #include "assistant/nav_table.h"
+#include "assistant/update_check.h"
 #include "assistant/update_check_events.h"
 #include "platform/ports.h"
+#include "platform/script_control.h"
 #include "platform/user_interface.h"
 #include "shell/program_objects.h"
 #include "ui/form.h"
@@ -29,6 +31,8 @@ class frmWizard : public Form, private DocHostUIHandler {
 
   // Shows the window beside the main window and opens a page of the local or online help.
   void SetUrl(const std::string& Url, bool Online);
+  // Starts an update check against that page with the window hidden.
+  void SetUpdateURL(const std::string& URL);
   // Clicks on bound page elements and on command elements, reached by name.
   void DispatchControl();
   void DispatchCommand();
@@ -45,6 +49,10 @@ class frmWizard : public Form, private DocHostUIHandler {
   bool Released() const { return released_; }
   // Where the pages of an update check go instead of being shown and bound.
   void SetUpdateCheck(UpdateCheckEvents* update_check);
+  // Where the update script runs; without one it does not run.
+  void SetScriptControl(platform::ScriptControl* scripts) { scripts_ = scripts; }
+  // The elevation check of an update script: true when it took over the program.
+  std::function<bool(const std::string&)> RunElevated = [](const std::string&) { return false; };
 
   // State of the window, under the names its pages and tests know.
   bool IsOnline = false;
@@ -90,6 +98,8 @@ class frmWizard : public Form, private DocHostUIHandler {
   std::shared_ptr<clsForward> command_forwarder_;
   std::string base_form_name_;
   UpdateCheckEvents* update_check_ = nullptr;
+  std::unique_ptr<UpdateCheck> own_update_check_;
+  platform::ScriptControl* scripts_ = nullptr;
   bool handling_key_ = false;
   bool released_ = false;
 };

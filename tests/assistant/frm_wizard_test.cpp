@@ -7,6 +7,7 @@
 #include "fakes/fake_browser.h"
 #include "settings/registry_access.h"
 #include "shell/main_window_fixture.h"
+#include "shell/version_label.h"
 
 namespace wavforge {
 namespace {
@@ -372,6 +373,126 @@ TEST_F(AssistantTest, CommandElementsStepThroughThePagesOrCallOperations) {
     const std::string opened = page.navigations.empty() ? "" : page.navigations.back();
     EXPECT_EQ(ui.beeps > beeps ? "beep" : opened, c.expected) << c.command << " on " << c.current;
   }
+}
+
+}  // namespace
+}  // namespace wavforge
+
+namespace wavforge {
+namespace {
+
+struct RecordingScripts final : platform::ScriptControl {
+  std::vector<std::string> runs;
+  void Run(const std::string& source, const std::string& statement) override {
+    runs.push_back(source + "|" + statement);
+  }
+};
+
+class UpdateCheckTest : public AssistantTest {
+ protected:
+  // Starts a check and completes it with a page of these metas and body elements.
+  void Check(std::vector<HtmlElement> metas, std::vector<HtmlElement> body = {}) {
+    Wizard().SetScriptControl(&scripts);
+    Wizard().RunElevated = [this](const std::string& argument) {
+      elevations.push_back(argument);
+      return elevation_takes_over;
+    };
+    Wizard().SetUpdateURL("https://update.test/check");
+    auto reply = std::make_shared<HtmlDocument>();
+    reply->bodyInnerHTML = "<p>";
+    reply->metas = std::move(metas);
+    reply->all = std::move(body);
+    page.Complete(reply);
+  }
+  std::string Flag(const char* name) {
+    return std::get<std::string>(RegRead(registry, Root::kCurrentUser, ProgramKeyPath("Flags"),
+                                         name, std::string("(none)")));
+  }
+  bool UnloadTimer() { return wizard->Find("tmrUnload")->Enabled; }
+
+  RecordingScripts scripts;
+  std::vector<std::string> elevations;
+  bool elevation_takes_over = false;
+};
+
+HtmlElement Meta(const std::string& name, const std::string& content,
+                 const std::string& title = "") {
+  auto meta = Element("META", name, "", {{"content", content}});
+  if (!title.empty()) meta.setAttribute("title", title);
+  return meta;
+}
+
+HtmlElement WithId(const std::string& id, const std::string& html) {
+  auto element = Element("DIV", "", "", {{"id", id}});
+  element.innerHTML = html;
+  return element;
+}
+
+TEST_F(UpdateCheckTest, AsksWithTheAgentAndStoresTheCodeAndTheNextCheck) {
+  RegWrite(registry, Root::kUsers,
+           ".DEFAULT\\Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings",
+           "User Agent", std::string("Engine/1"));
+  const struct {
+    const char* retcode;
+    const char* next;
+  } cases[] = {{"3;7", "2026-11-26 14:05:10"},
+               {"0;0.5", "2026-11-20 02:05:10"},
+               {"5", "2026-11-20 14:05:10"}};
+  for (const auto& c : cases) {
+    Check({Meta("retcode", c.retcode)});
+    EXPECT_EQ(page.headers.back(),
+              "USER-AGENT:Engine/1 wavforge " + VersionLabel(WAVFORGE_VERSION) + "\r\n");
+    EXPECT_EQ(page.navigations.back(), "https://update.test/check");
+    EXPECT_FALSE(wizard->Visible);
+    EXPECT_EQ(Flag("Code"), c.retcode);
+    EXPECT_EQ(Flag("LastUpdateCheck"), "2026-11-19 14:05:10");
+    EXPECT_EQ(Flag("NextUpdateCheck"), c.next) << c.retcode;
+    EXPECT_TRUE(UnloadTimer());
+    EXPECT_EQ(page.document->uiHandler, nullptr);
+    wizard.reset();
+  }
+}
+
+TEST_F(UpdateCheckTest, OpensTheLinkAndShowsTheMessage) {
+  Check({Meta("href", " https://dl.test/x\r\n"), Meta("message", "New", "Title")});
+  ASSERT_EQ(processes.shell.size(), 1u);
+  EXPECT_EQ(processes.shell[0].file, "iexplore");
+  EXPECT_EQ(processes.shell[0].parameters, "https://dl.test/x");
+  EXPECT_EQ(processes.shell[0].show_state, 1);
+  wizard.reset();
+  Check({Meta("message", "Newer")});
+  ASSERT_EQ(ui.messages.size(), 2u);
+  EXPECT_EQ(ui.messages[0].title, "Title");
+  EXPECT_EQ(ui.messages[1].title, "wavforge Update Information");
+  EXPECT_EQ(ui.messages[1].style, 64);
+}
+
+TEST_F(UpdateCheckTest, RunsTheScriptUnlessElevationTakesOver) {
+  for (const bool takes_over : {false, true}) {
+    elevation_takes_over = takes_over;
+    scripts.runs.clear();
+    Check({}, {WithId("code", "Main() { :; }"), WithId("update", "")});
+    EXPECT_EQ(elevations.back(), "-update");
+    const std::vector<std::string> expected{"Main() { :; }|Main"};
+    EXPECT_EQ(scripts.runs, takes_over ? std::vector<std::string>{} : expected);
+    EXPECT_EQ(UnloadTimer(), !takes_over);
+    EXPECT_FALSE(wizard->Visible);
+    wizard.reset();
+  }
+}
+
+TEST_F(UpdateCheckTest, AnEmptyReplyClosesLaterAndAFailedOneAtOnce) {
+  Wizard().SetUpdateURL("https://update.test/check");
+  page.Complete(std::make_shared<HtmlDocument>());
+  EXPECT_TRUE(UnloadTimer());
+  EXPECT_FALSE(wizard->Released());
+  wizard.reset();
+  Wizard().SetUpdateURL("https://update.test/check");
+  page.Events().NavigateError(nullptr, "https://update.test/check", 404);
+  EXPECT_TRUE(wizard->Released());
+  EXPECT_EQ(page.stops, 1);
+  EXPECT_EQ(nav.stops, 1);
+  EXPECT_EQ(Flag("Code"), "(none)");
 }
 
 }  // namespace

@@ -6,19 +6,12 @@
 #include <cstdio>
 
 #include "settings/registry_access.h"
+#include "ui/ignoring_errors.h"
 
 namespace wavforge {
 namespace {
 
 constexpr const char* kFlags = "Flags";
-
-template <typename Step>
-void IgnoringStepErrors(Step&& step) {
-  try {
-    step();
-  } catch (...) {
-  }
-}
 
 std::string Trimmed(const std::string& text) {
   const auto first = text.find_first_not_of(' ');
@@ -72,11 +65,11 @@ void UpdateCheck::NavigateComplete(const std::shared_ptr<HtmlDocument>& document
 
 void UpdateCheck::DocumentComplete(const std::shared_ptr<HtmlDocument>& document) {
   if (!document) return;
-  IgnoringStepErrors([&] {
+  IgnoringErrors([&] {
     const std::string retcode = MetaContent(*document, "retcode");
     if (!retcode.empty()) StoreReturnCode(retcode);
   });
-  IgnoringStepErrors([&] {
+  IgnoringErrors([&] {
     std::string url;
     for (const char c : MetaContent(*document, "href")) {
       if (c != '\r' && c != '\n') url += c;
@@ -84,7 +77,7 @@ void UpdateCheck::DocumentComplete(const std::shared_ptr<HtmlDocument>& document
     url = Trimmed(url);
     if (!url.empty()) ports_.processes.ShellExecute("iexplore", url, "", 1);
   });
-  IgnoringStepErrors([&] {
+  IgnoringErrors([&] {
     const HtmlElement* message = document->meta("message");
     const std::string text = message ? message->getAttribute("content").value_or("") : "";
     if (text.empty()) return;
@@ -92,7 +85,7 @@ void UpdateCheck::DocumentComplete(const std::shared_ptr<HtmlDocument>& document
     ui_.MessageBox(text, 64, title.empty() ? "wavforge Update Information" : title);
   });
   bool taken_over = false;
-  IgnoringStepErrors([&] {
+  IgnoringErrors([&] {
     const HtmlElement* code = document->getElementById("code");
     if (!code || code->innerHTML.empty()) return;
     if (document->getElementById("update") && window_.run_elevated("-update")) {

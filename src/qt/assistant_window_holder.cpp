@@ -29,6 +29,7 @@ void AssistantWindowHolder::Ensure() {
   if (form_ && !form_->Released()) return;
   Destroy(form_, window_);
   form_ = std::make_shared<frmWizard>(ports_, ui_, program_);
+  form_->SetScriptControl(&scripts_);
   platform::Registry& registry = ports_.registry;
   window_ = std::make_shared<FormWindow>(*form_, ui_, [&registry](QWidget* parent) {
     auto* browser = new WebBrowser(parent);

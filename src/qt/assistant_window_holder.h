@@ -4,6 +4,7 @@
 #include <string>
 
 #include "assistant/frm_wizard.h"
+#include "platform/posix/shell_script_control.h"
 #include "qt/form_window.h"
 #include "shell/help_pages.h"
 
@@ -33,6 +34,7 @@ class AssistantWindowHolder final : public AssistantWindow {
   const platform::Ports& ports_;
   platform::UserInterface& ui_;
   ProgramObjects& program_;
+  platform::ShellScriptControl scripts_;
   std::shared_ptr<frmWizard> form_;
   std::shared_ptr<FormWindow> window_;
   std::shared_ptr<frmWizard> released_form_;

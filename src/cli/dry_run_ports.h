@@ -34,6 +34,8 @@ class NoProcesses final : public platform::Processes {
  public:
   void StartScript(const std::string&, int) override {}
   void ShellExecute(const std::string&, const std::string&, const std::string&, int) override {}
+  // A dry run never restarts anything.
+  bool CanElevate() const override { return false; }
 };
 
 // The real ports with the file system and the process starter replaced by the two above.

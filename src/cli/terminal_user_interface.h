@@ -13,6 +13,11 @@ class TerminalUserInterface final : public platform::UserInterface {
  public:
   explicit TerminalUserInterface(std::ostream& err) : err_(err) {}
   void MessageBox(const std::string& text, int style, const std::string& title) override;
+  // No one to answer at a terminal: the question counts as No.
+  bool AskYesNo(const std::string& text, int style, const std::string& title) override {
+    MessageBox(text, style, title);
+    return false;
+  }
   void Beep() override {}
   int MousePointer() const override { return pointer_; }
   void SetMousePointer(int code) override { pointer_ = code; }

@@ -8,6 +8,7 @@ namespace platform {
 // Message box styles, as the Windows constants.
 inline constexpr int kCriticalIcon = 16;
 inline constexpr int kExclamationIcon = 48;
+inline constexpr int kYesNo = 4;
 
 // Screen pointer codes, as the classic form toolkit numbered them.
 inline constexpr int kDefaultPointer = 0;
@@ -58,6 +59,8 @@ class UserInterface {
  public:
   virtual ~UserInterface() = default;
   virtual void MessageBox(const std::string& text, int style, const std::string& title) = 0;
+  // A modal Yes/No question; true when the user answers Yes.
+  virtual bool AskYesNo(const std::string& text, int style, const std::string& title) = 0;
   virtual void Beep() = 0;
 
   // The pointer the whole screen shows, by code; kDefaultPointer lets each control choose.

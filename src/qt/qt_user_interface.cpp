@@ -97,6 +97,12 @@ void QtUserInterface::MessageBox(const std::string& text, int style, const std::
   box.exec();
 }
 
+bool QtUserInterface::AskYesNo(const std::string& text, int style, const std::string& title) {
+  QMessageBox box(IconOf(style), QString::fromStdString(title), QString::fromStdString(text),
+                  QMessageBox::Yes | QMessageBox::No, owner_);
+  return box.exec() == QMessageBox::Yes;
+}
+
 void QtUserInterface::Beep() {
   QApplication::beep();
 }

@@ -30,6 +30,11 @@ class FakeUserInterface final : public platform::UserInterface {
   void MessageBox(const std::string& text, int style, const std::string& title) override {
     messages.push_back({text, style, title});
   }
+  bool yes_answer = false;
+  bool AskYesNo(const std::string& text, int style, const std::string& title) override {
+    messages.push_back({text, style, title});
+    return yes_answer;
+  }
   void Beep() override { ++beeps; }
   int MousePointer() const override { return pointer; }
   void SetMousePointer(int code) override {

@@ -35,6 +35,9 @@ class CountingUserInterface final : public platform::UserInterface {
   void MessageBox(const std::string& text, int style, const std::string& title) override {
     real_.MessageBox(text, style, title);
   }
+  bool AskYesNo(const std::string& text, int style, const std::string& title) override {
+    return real_.AskYesNo(text, style, title);
+  }
   void Beep() override {
     ++beeps;
     real_.Beep();

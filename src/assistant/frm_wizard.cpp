@@ -6,6 +6,7 @@
 #include "assistant/whole_number.h"
 #include "assistant/window_placement.h"
 #include "platform/path_rules.h"
+#include "settings/elevation.h"
 #include "settings/product.h"
 #include "settings/registry_access.h"
 #include "settings/system_info.h"
@@ -103,6 +104,11 @@ frmWizard::frmWizard(const platform::Ports& ports, platform::UserInterface& ui,
       page_events_(std::make_unique<PageEvents>(*this)),
       nav_events_(std::make_unique<NavEvents>(*this)) {
   Define();
+  RunElevated = [this](const std::string& parameter) {
+    return ::wavforge::RunElevated(parameter, ports_, ui_, program_.language.Get(), [this] {
+      if (Form* main = program_.forms.Find("frmMain")) main->Unload();
+    });
+  };
   DefineOperation("SetUrl", [this](const std::vector<Argument>& arguments) {
     if (arguments.size() != 2) throw std::invalid_argument("SetUrl takes a page and a flag");
     SetUrl(ToText(arguments[0]), ToBool(arguments[1]));

@@ -51,8 +51,9 @@ class frmWizard : public Form, private DocHostUIHandler {
   void SetUpdateCheck(UpdateCheckEvents* update_check);
   // Where the update script runs; without one it does not run.
   void SetScriptControl(platform::ScriptControl* scripts) { scripts_ = scripts; }
-  // The elevation check of an update script: true when it took over the program.
-  std::function<bool(const std::string&)> RunElevated = [](const std::string&) { return false; };
+  // The elevation check of an update script: true when it took over the program. It asks to
+  // restart elevated when the program lacks the rights, and closes the main window after Yes.
+  std::function<bool(const std::string&)> RunElevated;
 
   // State of the window, under the names its pages and tests know.
   bool IsOnline = false;

@@ -37,7 +37,7 @@ class BenchPorts {
   explicit BenchPorts(const std::string& program_folder)
       : environment_(program_folder),
         registry_(platform::posix::DefaultRegistryPaths(kProductName).user_store,
-                  platform::posix::DefaultRegistryPaths(kProductName).machine_store, ""),
+                  platform::posix::DefaultRegistryPaths(kProductName).machine_store, nullptr),
         ports_{environment_, files_,        profiles_,  registry_,
                clock_,       binary_files_, processes_, windows_} {}
   BenchPorts(const BenchPorts&) = delete;

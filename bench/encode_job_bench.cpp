@@ -46,6 +46,7 @@ class CountingUserInterface final : public platform::UserInterface {
   double TwipsPerPixelX() const override { return 15.0; }
   double TwipsPerPixelY() const override { return 15.0; }
   platform::ScreenRect WorkArea() const override { return {}; }
+  std::string ForegroundWindowName() const override { return {}; }
   const std::string& last() const { return last_; }
 
  private:

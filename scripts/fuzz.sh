@@ -6,7 +6,8 @@ cd "$(dirname "$0")/.."
 seconds="${1:-60}"
 ./scripts/setup.sh
 cmake -S . -B build/fuzz -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Debug \
-  -DWAVFORGE_FUZZ=ON -DWAVFORGE_BUILD_TESTS=OFF -DWAVFORGE_BUILD_BENCH=OFF >/dev/null
+  -DWAVFORGE_FUZZ=ON -DWAVFORGE_BUILD_TESTS=OFF -DWAVFORGE_BUILD_BENCH=OFF -DWAVFORGE_WERROR=ON \
+  >/dev/null
 cmake --build build/fuzz
 shopt -s nullglob
 targets=(build/fuzz/fuzz/*_fuzz)

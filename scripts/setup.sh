@@ -14,8 +14,14 @@ packages=(
   # Tahoma, Verdana and Microsoft Sans Serif
   qt6-base-dev xvfb xauth imagemagick xdotool openbox
   fonts-dejavu-core fonts-dejavu-extra fonts-liberation2
+  # the assistant window's browser: Qt WebEngine with its web channel (print support comes
+  # with qt6-base-dev); the engine's renderer, QtWebEngineProcess, is its own package
+  qt6-webengine-dev qt6-webchannel-dev libqt6webenginecore6-bin
   # the encoders the shipped fix file runs
   lame vorbis-tools sox ffmpeg
+  # packaging: the .deb (cpack needs dpkg-shlibdeps and file) and the checks of it and of the
+  # desktop entry, the AppStream file and the manual pages
+  dpkg-dev file lintian desktop-file-utils appstream man-db
 )
 
 missing=()

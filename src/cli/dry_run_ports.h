@@ -15,6 +15,7 @@ class DryRunFileSystem final : public platform::FileSystem {
   std::optional<std::uint64_t> FileSize(const std::string& path) const override {
     return real_.FileSize(path);
   }
+  bool PathExists(const std::string& path) const override { return real_.PathExists(path); }
   bool CreateFolder(const std::string&) override { return true; }
   bool CreatePrivateFolder(const std::string&) override { return true; }
   bool CopyFile(const std::string&, const std::string&) override { return true; }
@@ -33,6 +34,8 @@ class NoProcesses final : public platform::Processes {
  public:
   void StartScript(const std::string&, int) override {}
   void ShellExecute(const std::string&, const std::string&, const std::string&, int) override {}
+  // A dry run never restarts anything.
+  bool CanElevate() const override { return false; }
 };
 
 // The real ports with the file system and the process starter replaced by the two above.

@@ -13,6 +13,11 @@ class TerminalUserInterface final : public platform::UserInterface {
  public:
   explicit TerminalUserInterface(std::ostream& err) : err_(err) {}
   void MessageBox(const std::string& text, int style, const std::string& title) override;
+  // No one to answer at a terminal: the question counts as No.
+  bool AskYesNo(const std::string& text, int style, const std::string& title) override {
+    MessageBox(text, style, title);
+    return false;
+  }
   void Beep() override {}
   int MousePointer() const override { return pointer_; }
   void SetMousePointer(int code) override { pointer_ = code; }
@@ -23,6 +28,7 @@ class TerminalUserInterface final : public platform::UserInterface {
   double TwipsPerPixelX() const override { return 15.0; }
   double TwipsPerPixelY() const override { return 15.0; }
   platform::ScreenRect WorkArea() const override { return {}; }
+  std::string ForegroundWindowName() const override { return {}; }
 
  private:
   std::ostream& err_;

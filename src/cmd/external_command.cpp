@@ -14,9 +14,13 @@ void RunExternalCommand(std::string_view command_line, InterpreterState& state) 
   const std::optional<std::string> program = FindProgram(argv.front());
   const std::optional<int> status = program ? LaunchProgram(*program, argv, {}) : std::nullopt;
   if (!status) {
-    WriteError("'" + std::string(platform::ProgramNameAsWritten(command_line)) +
-               "' is not recognized as an internal or external command,\n"
-               "operable program or batch file.\n");
+    // Appended rather than "'" + temporary, which GCC 12 falsely flags (-Wrestrict) at -O3.
+    std::string message = "'";
+    message += platform::ProgramNameAsWritten(command_line);
+    message +=
+        "' is not recognized as an internal or external command,\n"
+        "operable program or batch file.\n";
+    WriteError(message);
     state.error_level = 9009;
     return;
   }

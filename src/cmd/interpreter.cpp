@@ -64,7 +64,10 @@ bool Interpreter::RunLine(std::string_view line) {
   text = TrimCommandStart(text);
   if (text.empty() || text.front() == ':') return true;  // blank line or label
   if (context_.mode == ExpansionMode::kScript && state_.echo_on && !quiet) {
-    WriteOutput("\n" + CurrentFolder() + ">" + std::string(text) + "\n");
+    // Appended rather than "\n" + temporary, which GCC 12 falsely flags (-Wrestrict) at -O3.
+    std::string echo = "\n";
+    echo.append(CurrentFolder()).append(">").append(text).append("\n");
+    WriteOutput(echo);
   }
   const CommandChain chain = SplitCommandChain(text);
   if (!chain.error.empty()) {

@@ -15,6 +15,8 @@ class FileSystem {
 
   // Size in bytes, or nothing when the file does not exist or cannot be examined.
   virtual std::optional<std::uint64_t> FileSize(const std::string& path) const = 0;
+  // Whether a file or folder of that path exists.
+  virtual bool PathExists(const std::string& path) const = 0;
   // Creates one folder; true when it exists afterwards.
   virtual bool CreateFolder(const std::string& path) = 0;
   // The same for a folder of the user's own files, which only the user may enter; an existing

@@ -16,6 +16,9 @@ class Processes {
   // Opens a document or link with the desktop's opener, or starts a program with parameters.
   virtual void ShellExecute(const std::string& file, const std::string& parameters,
                             const std::string& directory, int show_state) = 0;
+
+  // True when the program runs without administrator rights but could be restarted with them.
+  virtual bool CanElevate() const = 0;
 };
 
 }  // namespace platform

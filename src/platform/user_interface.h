@@ -8,6 +8,7 @@ namespace platform {
 // Message box styles, as the Windows constants.
 inline constexpr int kCriticalIcon = 16;
 inline constexpr int kExclamationIcon = 48;
+inline constexpr int kYesNo = 4;
 
 // Screen pointer codes, as the classic form toolkit numbered them.
 inline constexpr int kDefaultPointer = 0;
@@ -58,6 +59,8 @@ class UserInterface {
  public:
   virtual ~UserInterface() = default;
   virtual void MessageBox(const std::string& text, int style, const std::string& title) = 0;
+  // A modal Yes/No question; true when the user answers Yes.
+  virtual bool AskYesNo(const std::string& text, int style, const std::string& title) = 0;
   virtual void Beep() = 0;
 
   // The pointer the whole screen shows, by code; kDefaultPointer lets each control choose.
@@ -75,6 +78,10 @@ class UserInterface {
 
   // The desktop without its panels, in pixels.
   virtual ScreenRect WorkArea() const = 0;
+
+  // The name of the program's window that is the desktop's foreground window; empty when the
+  // foreground belongs to another program or to none.
+  virtual std::string ForegroundWindowName() const = 0;
 };
 
 }  // namespace platform

@@ -11,6 +11,7 @@
 #include <QUrl>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "qt/form_widgets.h"
 #include "qt/key_codes.h"
@@ -25,6 +26,12 @@ QString ToQt(const std::string& text) {
 }
 
 // The local file names a drop carries, in its order; none for text and other data.
+// Every form window of the program, in the order they were made.
+std::vector<FormWindow*>& AllWindows() {
+  static std::vector<FormWindow*> windows;
+  return windows;
+}
+
 std::vector<std::string> DroppedFiles(const QMimeData* data) {
   std::vector<std::string> files;
   if (!data || !data->hasUrls()) return files;
@@ -36,13 +43,24 @@ std::vector<std::string> DroppedFiles(const QMimeData* data) {
 
 }  // namespace
 
-FormWindow::FormWindow(Form& form, const platform::UserInterface& ui) : form_(form), ui_(ui) {
+FormWindow::FormWindow(Form& form, const platform::UserInterface& ui, BrowserMaker make_browser)
+    : form_(form),
+      ui_(ui),
+      make_browser_(std::move(make_browser)),
+      placed_{form.Left, form.Top, form.Width, form.Height} {
+  design_frame_ = QSize(Pixels(form.Width - form.ScaleWidth, true),
+                        Pixels(form.Height - form.ScaleHeight, false));
   setWindowIcon(WindowIcon());
   Build();
+  if (form_.Sizable) resize(Pixels(form_.ScaleWidth, true), Pixels(form_.ScaleHeight, false));
+  // One filter on the application, none on the controls: it sees each event once for each
+  // widget the event reaches, including whatever widget inside a control has the focus.
   qApp->installEventFilter(this);
+  AllWindows().push_back(this);
 }
 
 FormWindow::~FormWindow() {
+  std::erase(AllWindows(), this);
   qApp->removeEventFilter(this);
 }
 
@@ -50,10 +68,14 @@ void FormWindow::Build() {
   for (const auto& owned : form_.Controls()) {
     Control& control = *owned;
     Item item{&control};
+    QWidget* parent = this;
+    if (!control.Container.empty()) {
+      if (QWidget* container = WidgetOf(control.Container)) parent = container;
+    }
     switch (control.Kind()) {
       case ControlKind::kPictureBox:
       case ControlKind::kImage: {
-        auto* picture = new PictureWidget(this);
+        auto* picture = new PictureWidget(parent);
         if (control.Kind() == ControlKind::kPictureBox && control.BorderStyle != 0) {
           picture->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
         }
@@ -61,7 +83,7 @@ void FormWindow::Build() {
         break;
       }
       case ControlKind::kLabel: {
-        auto* label = new QLabel(this);
+        auto* label = new QLabel(parent);
         label->setWordWrap(true);
         label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         label->setTextFormat(Qt::PlainText);
@@ -74,7 +96,7 @@ void FormWindow::Build() {
         break;
       }
       case ControlKind::kTextBox: {
-        auto* edit = new QLineEdit(this);
+        auto* edit = new QLineEdit(parent);
         edit->setReadOnly(control.Locked);
         edit->setFrame(control.BorderStyle != 0);
         if (control.BorderStyle == 0 && control.Locked) {
@@ -85,13 +107,16 @@ void FormWindow::Build() {
           edit->setFocusPolicy(Qt::NoFocus);
           edit->setTextMargins(0, 0, 0, 0);
         }
-        QObject::connect(edit, &QLineEdit::textEdited, this,
-                         [&control](const QString& text) { control.Text = text.toStdString(); });
+        QObject::connect(edit, &QLineEdit::textEdited, this, [this, &control](const QString& text) {
+          control.Text = text.toStdString();
+          form_.Change(control);
+          AfterEvent();
+        });
         item.widget = edit;
         break;
       }
       case ControlKind::kCommandButton: {
-        auto* button = new QPushButton(this);
+        auto* button = new QPushButton(parent);
         button->setAutoDefault(false);
         QObject::connect(button, &QPushButton::clicked, this, [this, &control] {
           form_.Click(control);
@@ -101,7 +126,7 @@ void FormWindow::Build() {
         break;
       }
       case ControlKind::kCheckBox: {
-        auto* box = new WrappingCheckBox(this);
+        auto* box = new WrappingCheckBox(parent);
         QObject::connect(box, &QCheckBox::clicked, this, [this, &control](bool checked) {
           control.Value = checked ? 1 : 0;
           form_.Click(control);
@@ -111,7 +136,7 @@ void FormWindow::Build() {
         break;
       }
       case ControlKind::kLine:
-        item.widget = new LineWidget(this);
+        item.widget = new LineWidget(parent);
         break;
       case ControlKind::kTimer: {
         item.timer = new QTimer(this);
@@ -122,14 +147,18 @@ void FormWindow::Build() {
         });
         break;
       }
+      case ControlKind::kBrowser:
+        if (make_browser_) {
+          auto [widget, browser] = make_browser_(parent);
+          control.Browser = browser;
+          item.widget = widget;
+        }
+        break;
       default:
-        // Kinds this window does not show yet keep their place in the form only.
+        // Kinds this window does not show keep their place in the form only.
         break;
     }
-    if (item.widget) {
-      item.widget->installEventFilter(this);
-      if (control.AcceptsDrops) item.widget->setAcceptDrops(true);
-    }
+    if (item.widget && control.AcceptsDrops) item.widget->setAcceptDrops(true);
     items_.push_back(item);
   }
 }
@@ -156,8 +185,11 @@ void FormWindow::Sync() {
   if (windowTitle() != title) setWindowTitle(title);
   const QFont font = ScreenFont(form_.Font);
   if (this->font() != font) setFont(font);
-  const QSize size(Pixels(form_.ScaleWidth, true), Pixels(form_.ScaleHeight, false));
-  if (this->size() != size || minimumSize() != size) setFixedSize(size);
+  if (!form_.Sizable) {
+    const QSize size(Pixels(form_.ScaleWidth, true), Pixels(form_.ScaleHeight, false));
+    if (this->size() != size || minimumSize() != size) setFixedSize(size);
+  }
+  SyncGeometry();
   setAcceptDrops(form_.AcceptsDrops);
   for (const Item& item : items_) SyncItem(item);
   SyncStacking();
@@ -204,6 +236,11 @@ void FormWindow::SyncItem(const Item& item) {
   } else if (auto* button = qobject_cast<QPushButton*>(widget)) {
     const QString text = ToQt(control.Caption.value_or(""));
     if (button->text() != text) button->setText(text);
+    const QString picture = ToQt(control.Picture.value_or(""));
+    if (button->property("picture").toString() != picture) {
+      button->setProperty("picture", picture);
+      button->setIcon(picture.isEmpty() ? QIcon() : QIcon(Picture(control.Picture.value_or(""))));
+    }
   } else if (auto* box = qobject_cast<QCheckBox*>(widget)) {
     const QString text = ToQt(control.Caption.value_or(""));
     if (box->text() != text) box->setText(text);
@@ -237,8 +274,91 @@ void FormWindow::SyncStacking() {
 }
 
 void FormWindow::AfterEvent() {
-  Sync();
+  // A copy: closing a window may end another's life later, never during this walk.
+  const std::vector<FormWindow*> windows = AllWindows();
+  for (FormWindow* window : windows) {
+    window->Sync();
+    if (!window->loaded_) continue;
+    if (window->form_.Visible && !window->isVisible()) window->show();
+    window->CarryOutRequests();
+  }
   if (loaded_ && !form_.Visible && isVisible()) close();
+}
+
+QSize FormWindow::FrameExtra() const {
+  if (isVisible()) return frameGeometry().size() - geometry().size();
+  // Before the window manager has framed the window: the frame the form was designed with.
+  return design_frame_;
+}
+
+void FormWindow::SyncGeometry() {
+  const Bounds wanted{form_.Left, form_.Top, form_.Width, form_.Height};
+  if (wanted == placed_) return;
+  const Bounds was = std::exchange(placed_, wanted);
+  if (isMinimized() || isMaximized()) return;
+  // Only what the form changed: the window manager places a window nobody placed.
+  if (wanted.left != was.left || wanted.top != was.top) {
+    move(Pixels(wanted.left, true), Pixels(wanted.top, false));
+  }
+  if (form_.Sizable && (wanted.width != was.width || wanted.height != was.height)) {
+    const QSize frame = FrameExtra();
+    resize(Pixels(wanted.width, true) - frame.width(),
+           Pixels(wanted.height, false) - frame.height());
+  }
+}
+
+void FormWindow::CarryOutRequests() {
+  if (const bool on_top = windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+      on_top != form_.TopMost) {
+    const bool shown = isVisible();
+    setWindowFlag(Qt::WindowStaysOnTopHint, form_.TopMost);
+    if (shown) show();
+  }
+  if (Control* control = std::exchange(form_.FocusRequested, nullptr)) {
+    for (const Item& item : items_) {
+      if (item.control != control || !item.widget) continue;
+      activateWindow();
+      item.widget->setFocus(Qt::OtherFocusReason);
+    }
+  }
+  if (std::exchange(form_.ActivateRequested, false) && isVisible()) {
+    if (isMinimized()) showNormal();
+    raise();
+    activateWindow();
+  }
+}
+
+void FormWindow::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  const QRect frame = frameGeometry();
+  form_.Left = frame.left() * ui_.TwipsPerPixelX();
+  form_.Top = frame.top() * ui_.TwipsPerPixelY();
+  placed_.left = form_.Left;
+  placed_.top = form_.Top;
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  const QSize frame = FrameExtra();
+  form_.Width = (width() + frame.width()) * ui_.TwipsPerPixelX();
+  form_.Height = (height() + frame.height()) * ui_.TwipsPerPixelY();
+  placed_.width = form_.Width;
+  placed_.height = form_.Height;
+  if (!form_.Sizable) return;
+  form_.ScaleWidth = width() * ui_.TwipsPerPixelX();
+  form_.ScaleHeight = height() * ui_.TwipsPerPixelY();
+  if (!loaded_) return;
+  form_.Resize();
+  Sync();
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::WindowStateChange) return;
+  form_.WindowState = isMinimized() ? 1 : isMaximized() ? 2 : 0;
+  if (!loaded_) return;
+  form_.Resize();
+  Sync();
 }
 
 void FormWindow::Activate() {
@@ -327,16 +447,34 @@ void FormWindow::Drop(Control* target, QDropEvent* event) {
   AfterEvent();
 }
 
+bool FormWindow::TakesDropAt(QPoint position) const {
+  // Qt hands a drag over a control that takes no drops on to the window, which takes only
+  // what lands on its own free area.
+  for (const QWidget* widget = childAt(position); widget && widget != this;
+       widget = widget->parentWidget()) {
+    if (ItemOf(widget)) return false;
+  }
+  return form_.AcceptsDrops;
+}
+
 void FormWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (form_.AcceptsDrops) event->acceptProposedAction();
+  dragMoveEvent(event);
 }
 
 void FormWindow::dragMoveEvent(QDragMoveEvent* event) {
-  if (form_.AcceptsDrops) event->acceptProposedAction();
+  if (TakesDropAt(event->position().toPoint())) {
+    event->acceptProposedAction();
+  } else {
+    event->ignore();
+  }
 }
 
 void FormWindow::dropEvent(QDropEvent* event) {
-  if (form_.AcceptsDrops) Drop(nullptr, event);
+  if (TakesDropAt(event->position().toPoint())) {
+    Drop(nullptr, event);
+  } else {
+    event->ignore();
+  }
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
@@ -349,6 +487,7 @@ void FormWindow::closeEvent(QCloseEvent* event) {
     if (item.timer) item.timer->stop();
   }
   event->accept();
+  if (on_closed_) QTimer::singleShot(0, this, on_closed_);
 }
 
 void FormWindow::paintEvent(QPaintEvent* event) {

@@ -1,10 +1,13 @@
 #include <QApplication>
+#include <QWebEngineProfile>
 #include <filesystem>
 #include <string>
 #include <vector>
 
 #include "platform/posix/posix_platform.h"
 #include "platform/posix/x11_window_search.h"
+#include "qt/application.h"
+#include "qt/assistant_window_holder.h"
 #include "qt/form_window.h"
 #include "qt/qt_user_interface.h"
 #include "qt/screen_fonts.h"
@@ -24,10 +27,7 @@ constexpr int kActivationTimeoutMs = 2000;
 
 int main(int argc, char** argv) {
   const auto probe = wavforge::qt::StartupProbe::FromEnvironment();
-  // The forms scale themselves to the screen's dots per inch; the toolkit only adds whole
-  // multiples for screens of twice the density and more.
-  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
-  QApplication app(argc, argv);
+  const auto app = wavforge::qt::MakeApplication(argc, argv);
   QApplication::setApplicationName(QStringLiteral("wavforge"));
   // What the toolkit left of the arguments are the files, as bytes. The job script runs in the
   // program folder, so a relative name of an existing file is made absolute here.
@@ -53,10 +53,17 @@ int main(int argc, char** argv) {
   // from $DISPLAY, not the toolkit's: on Wayland the toolkit has none, yet XWayland's windows
   // are windows, and the searches never touch the toolkit's event queue.
   platform::posix::X11WindowSearch display_windows;
-  platform::posix::PosixPlatform system(wavforge::kProductName, "", &display_windows);
+  // The browser engine starts only when something reads its agent, not with every start.
+  platform::posix::PosixPlatform system(
+      wavforge::kProductName,
+      [] { return QWebEngineProfile::defaultProfile()->httpUserAgent().toStdString(); },
+      &display_windows);
   wavforge::qt::QtUserInterface ui;
   wavforge::ProgramObjects program(system.ports(), ui);
+  // Made on first use; it goes before the program objects it refers to.
+  wavforge::qt::AssistantWindowHolder assistant(system.ports(), ui, program);
   wavforge::frmMain form(system.ports(), ui, program, wavforge::JoinCommandLine(arguments));
+  form.SetAssistant(&assistant);
   wavforge::qt::FormWindow window(form, ui);
   ui.SetOwner(&window);
   instance.OnActivationRequest([&window] { window.Activate(); });

@@ -2,10 +2,12 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QScreen>
 
+#include "qt/form_window.h"
 #include "qt/open_file_dialog_text.h"
 #include "qt/pictures.h"
 
@@ -95,6 +97,12 @@ void QtUserInterface::MessageBox(const std::string& text, int style, const std::
   box.exec();
 }
 
+bool QtUserInterface::AskYesNo(const std::string& text, int style, const std::string& title) {
+  QMessageBox box(IconOf(style), QString::fromStdString(title), QString::fromStdString(text),
+                  QMessageBox::Yes | QMessageBox::No, owner_);
+  return box.exec() == QMessageBox::Yes;
+}
+
 void QtUserInterface::Beep() {
   QApplication::beep();
 }
@@ -115,8 +123,11 @@ void QtUserInterface::SetMousePointer(int code) {
 
 bool QtUserInterface::GetOpenFileName(const platform::OpenFileRequest& request,
                                       std::string& answer) {
-  QFileDialog dialog(owner_, QString::fromStdString(request.title),
-                     QString::fromStdString(request.initial_folder));
+  QFileDialog dialog(owner_, QString::fromStdString(request.title));
+  // Given a folder that is not there, the dialog would open its parent with the missing name
+  // typed in; it starts where it would by itself instead, with no name.
+  const QString folder = QString::fromStdString(request.initial_folder);
+  if (QFileInfo(folder).isDir()) dialog.setDirectory(folder);
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   const bool several = (request.flags & platform::kOfnAllowMultiSelect) != 0;
   const bool must_exist = (request.flags & platform::kOfnFileMustExist) != 0;
@@ -152,6 +163,11 @@ platform::ScreenRect QtUserInterface::WorkArea() const {
   if (!screen) return {};
   const QRect area = screen->availableGeometry();
   return {area.left(), area.top(), area.left() + area.width(), area.top() + area.height()};
+}
+
+std::string QtUserInterface::ForegroundWindowName() const {
+  const auto* window = dynamic_cast<const FormWindow*>(QApplication::activeWindow());
+  return window ? window->FormName() : std::string();
 }
 
 }  // namespace wavforge::qt

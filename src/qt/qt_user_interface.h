@@ -14,6 +14,7 @@ class QtUserInterface final : public platform::UserInterface {
   void SetOwner(QWidget* owner) { owner_ = owner; }
 
   void MessageBox(const std::string& text, int style, const std::string& title) override;
+  bool AskYesNo(const std::string& text, int style, const std::string& title) override;
   void Beep() override;
   int MousePointer() const override { return pointer_; }
   void SetMousePointer(int code) override;
@@ -21,6 +22,7 @@ class QtUserInterface final : public platform::UserInterface {
   double TwipsPerPixelX() const override;
   double TwipsPerPixelY() const override;
   platform::ScreenRect WorkArea() const override;
+  std::string ForegroundWindowName() const override;
 
  private:
   QPointer<QWidget> owner_;

@@ -10,6 +10,7 @@
 #include "shell/open_file_answer.h"
 #include "shell/tool_path.h"
 #include "shell/version_label.h"
+#include "ui/ignoring_errors.h"
 
 namespace wavforge {
 namespace {
@@ -39,15 +40,6 @@ FontSpec NamedFont(const char* name, double size) {
 
 void Place(Control& control, double left, double top, double width, double height) {
   control.Move(left, top, width, height);
-}
-
-// A step that may fail without stopping the start: what it managed stays, the next step runs.
-template <typename Step>
-void IgnoringErrors(Step step) {
-  try {
-    step();
-  } catch (const std::exception&) {
-  }
 }
 
 }  // namespace
@@ -187,6 +179,7 @@ void frmMain::Define() {
 
 void frmMain::Load() {
   clsMousePointer busy(ui_);
+  program_.forms.Add(*this);
 
   Find("lblVersion")->Caption = VersionLabel(WAVFORGE_VERSION);
 
@@ -226,6 +219,7 @@ void frmMain::Unload() {
   // already started are left to finish.
   IgnoringErrors([&] { DeleteBatchFiles(program_.settings, ports_.files); });
   Visible = false;
+  program_.forms.Remove(*this);
 }
 
 void frmMain::Click(Control& control) {

@@ -22,4 +22,9 @@ std::string VersionLabel(std::string_view dotted_version) {
   return std::to_string(parts[0]) + "." + std::to_string(parts[1]) + "." + std::to_string(parts[2]);
 }
 
+std::string MajorVersion(std::string_view dotted_version) {
+  const std::string label = VersionLabel(dotted_version);
+  return label.substr(0, label.find('.'));
+}
+
 }  // namespace wavforge

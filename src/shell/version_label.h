@@ -10,4 +10,7 @@ namespace wavforge {
 // first non-digit.
 std::string VersionLabel(std::string_view dotted_version);
 
+// The major version alone, in plain decimal.
+std::string MajorVersion(std::string_view dotted_version);
+
 }  // namespace wavforge

@@ -6,6 +6,8 @@
 
 namespace wavforge {
 
+class BrowserControl;
+
 enum class ControlKind {
   kPictureBox,
   kTextBox,
@@ -19,6 +21,7 @@ enum class ControlKind {
   kTabStrip,
   kMenuItem,
   kBrowser,
+  kScriptControl,
 };
 
 struct FontSpec {
@@ -69,9 +72,13 @@ class Control {
   std::optional<int> ScaleMode;      // picture boxes: 0 user-defined, 1 twips, 3 pixels
   std::optional<double> ScaleLeft, ScaleTop, ScaleWidth, ScaleHeight;
   std::optional<std::string> Picture;  // name of a picture resource
-  std::vector<std::string> List;       // combo box entries
-  std::vector<Tab> Tabs;               // tab strip
-  std::string Color;                   // lines: "silver", ...
+  // The control this one sits in; empty for the window. Positions are in its coordinates.
+  std::string Container;
+  // Web browser controls: the browser the front end shows it with.
+  BrowserControl* Browser = nullptr;
+  std::vector<std::string> List;  // combo box entries
+  std::vector<Tab> Tabs;          // tab strip
+  std::string Color;              // lines: "silver", ...
   bool Enabled = true;
   bool Visible = true;
   bool AcceptsDrops = false;

@@ -1,5 +1,7 @@
 #include "ui/form.h"
 
+#include <stdexcept>
+
 #include "settings/text_replace.h"
 
 namespace wavforge {
@@ -38,11 +40,18 @@ bool Form::HasOperation(std::string_view name) const {
   return operations_.find(ToLowerAscii(name)) != operations_.end();
 }
 
-bool Form::CallByName(std::string_view name, const std::vector<std::string>& arguments) {
+bool Form::CallByName(std::string_view name, const std::vector<Argument>& arguments) {
   const auto found = operations_.find(ToLowerAscii(name));
   if (found == operations_.end()) return false;
   found->second(arguments);
   return true;
+}
+
+void Form::SetFocus(Control& control) {
+  if (!Visible || !Enabled || !control.Visible || !control.Enabled) {
+    throw std::runtime_error("the control cannot take the focus");
+  }
+  FocusRequested = &control;
 }
 
 }  // namespace wavforge

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "ui/control.h"
@@ -13,6 +15,7 @@
 namespace wavforge {
 
 // Key codes and shift bits of key events, as the classic form events numbered them.
+inline constexpr int kKeyEscape = 27;
 inline constexpr int kKeyF1 = 112;
 inline constexpr int kKeyF2 = 113;
 inline constexpr int kKeyF3 = 114;
@@ -33,16 +36,32 @@ class Form {
 
   const std::string& Name() const { return name_; }
 
-  // Window properties. Width and Height are the outer size, ScaleWidth and ScaleHeight the
-  // inner (client) area, all in twips.
+  // Window properties. Left, Top, Width and Height are the outer frame on the screen,
+  // ScaleWidth and ScaleHeight the inner (client) area, all in twips.
   std::string Caption;
   std::string Tag;
   std::optional<int> HelpContextID;
-  double Width = 0, Height = 0, ScaleWidth = 0, ScaleHeight = 0;
+  double Left = 0, Top = 0, Width = 0, Height = 0, ScaleWidth = 0, ScaleHeight = 0;
   FontSpec Font;
   bool KeyPreview = false;
   bool AcceptsDrops = false;
   bool Visible = false;
+  bool Enabled = true;
+  // The user may resize the window; the front end reports new sizes through Resize.
+  bool Sizable = false;
+  // 0 normal, 1 minimised, 2 maximised; the front end keeps it current.
+  int WindowState = 0;
+  // Stays above other windows.
+  bool TopMost = false;
+
+  // Requests a front end carries out after the event that made them, then clears: bring the
+  // window to the front and activate it; move the keyboard focus to a control.
+  bool ActivateRequested = false;
+  Control* FocusRequested = nullptr;
+
+  // Gives a control the focus; throws std::runtime_error when the window or the control is
+  // hidden or disabled, as the focus cannot go there.
+  void SetFocus(Control& control);
 
   // Adds a control at the end of the window order.
   Control& Add(std::string name, ControlKind kind, int index = -1);
@@ -52,12 +71,14 @@ class Form {
   // Every element of a control array, by index.
   std::vector<Control*> Array(std::string_view name) const;
 
-  // Operations callable by name, with text arguments.
-  using Operation = std::function<void(const std::vector<std::string>&)>;
+  // Operations callable by name; each argument is a text or a whole number. An operation
+  // that cannot use its arguments throws std::invalid_argument.
+  using Argument = std::variant<std::string, std::int32_t>;
+  using Operation = std::function<void(const std::vector<Argument>&)>;
   void DefineOperation(std::string name, Operation operation);
   bool HasOperation(std::string_view name) const;
   // False when the form offers no operation of that name.
-  bool CallByName(std::string_view name, const std::vector<std::string>& arguments = {});
+  bool CallByName(std::string_view name, const std::vector<Argument>& arguments = {});
 
   // Events, raised by the front end.
   virtual void Load() {}
@@ -69,6 +90,10 @@ class Form {
   // an empty list means the data held no file names.
   virtual void DragDrop(Control* /*target*/, const std::vector<std::string>& /*files*/) {}
   virtual void Timer(Control& /*timer*/) {}
+  // The inner area changed size (ScaleWidth, ScaleHeight) or the window state changed.
+  virtual void Resize() {}
+  // A text box's text was changed by the user.
+  virtual void Change(Control& /*control*/) {}
 
  private:
   std::string name_;

@@ -28,6 +28,8 @@ class FakeProcesses final : public platform::Processes {
                     const std::string& directory, int show_state) override {
     shell.push_back({file, parameters, directory, show_state});
   }
+  bool can_elevate = true;
+  bool CanElevate() const override { return can_elevate; }
 };
 
 }  // namespace fakes

@@ -29,7 +29,8 @@ class FakeRegistry final : public platform::Registry {
     if (!parts) return;
     std::string path;
     for (const std::string& part : *parts) {
-      path += (path.empty() ? "" : "\\") + platform::FoldRegistryName(part);
+      if (!path.empty()) path += '\\';
+      path += platform::FoldRegistryName(part);
       hives_[root][path];
     }
     hives_[root][path][platform::FoldRegistryName(name)] = value;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -7,8 +8,8 @@
 
 namespace fakes {
 
-// Records every message box and pointer change instead of showing them; the file dialog is
-// cancelled at once.
+// Records every message box, beep, pointer change and dialog instead of showing them; the
+// dialog gives the answer a test sets, or fails like a cancelled one.
 class FakeUserInterface final : public platform::UserInterface {
  public:
   struct Message {
@@ -17,22 +18,40 @@ class FakeUserInterface final : public platform::UserInterface {
     std::string title;
   };
   std::vector<Message> messages;
+  int beeps = 0;
   int pointer = platform::kDefaultPointer;
   std::vector<int> pointer_changes;
+  std::vector<platform::OpenFileRequest> dialogs;
+  std::optional<std::string> dialog_answer;  // nothing: the user cancels
+  double twips_per_pixel_x = 12.0;
+  double twips_per_pixel_y = 12.0;
+  platform::ScreenRect work_area{0, 0, 1280, 1024};
 
   void MessageBox(const std::string& text, int style, const std::string& title) override {
     messages.push_back({text, style, title});
   }
-  void Beep() override {}
+  bool yes_answer = false;
+  bool AskYesNo(const std::string& text, int style, const std::string& title) override {
+    messages.push_back({text, style, title});
+    return yes_answer;
+  }
+  void Beep() override { ++beeps; }
   int MousePointer() const override { return pointer; }
   void SetMousePointer(int code) override {
     pointer = code;
     pointer_changes.push_back(code);
   }
-  bool GetOpenFileName(const platform::OpenFileRequest&, std::string&) override { return false; }
-  double TwipsPerPixelX() const override { return 12.0; }
-  double TwipsPerPixelY() const override { return 12.0; }
-  platform::ScreenRect WorkArea() const override { return {0, 0, 1280, 1024}; }
+  bool GetOpenFileName(const platform::OpenFileRequest& request, std::string& answer) override {
+    dialogs.push_back(request);
+    if (!dialog_answer) return false;
+    answer = *dialog_answer;
+    return true;
+  }
+  double TwipsPerPixelX() const override { return twips_per_pixel_x; }
+  double TwipsPerPixelY() const override { return twips_per_pixel_y; }
+  platform::ScreenRect WorkArea() const override { return work_area; }
+  std::string ForegroundWindowName() const override { return foreground; }
+  std::string foreground;
 };
 
 }  // namespace fakes

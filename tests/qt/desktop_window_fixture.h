@@ -16,6 +16,7 @@
 #include "platform/posix/registry_paths.h"
 #include "platform/posix/sqlite_registry.h"
 #include "platform/posix/system_clock.h"
+#include "qt/assistant_window_holder.h"
 #include "qt/form_window.h"
 #include "qt/qt_user_interface.h"
 #include "settings/product.h"
@@ -34,6 +35,9 @@ class CountingUserInterface final : public platform::UserInterface {
   void MessageBox(const std::string& text, int style, const std::string& title) override {
     real_.MessageBox(text, style, title);
   }
+  bool AskYesNo(const std::string& text, int style, const std::string& title) override {
+    return real_.AskYesNo(text, style, title);
+  }
   void Beep() override {
     ++beeps;
     real_.Beep();
@@ -46,6 +50,7 @@ class CountingUserInterface final : public platform::UserInterface {
   double TwipsPerPixelX() const override { return real_.TwipsPerPixelX(); }
   double TwipsPerPixelY() const override { return real_.TwipsPerPixelY(); }
   platform::ScreenRect WorkArea() const override { return real_.WorkArea(); }
+  std::string ForegroundWindowName() const override { return real_.ForegroundWindowName(); }
 
  private:
   QtUserInterface& real_;
@@ -57,6 +62,7 @@ class CountingUserInterface final : public platform::UserInterface {
 class DesktopWindowTest : public testing_support::IsolatedHomeTest {
  protected:
   void TearDown() override {
+    assistant.reset();
     window.reset();
     form.reset();
     program.reset();
@@ -75,14 +81,17 @@ class DesktopWindowTest : public testing_support::IsolatedHomeTest {
   FormWindow& Open(const std::string& command_line = "", bool real_windows = false) {
     const auto paths = platform::posix::DefaultRegistryPaths(kProductName);
     registry = std::make_unique<platform::posix::SqliteRegistry>(paths.user_store,
-                                                                 paths.machine_store, "");
+                                                                 paths.machine_store, nullptr);
     platform::WindowSearch& windows = real_windows
                                           ? static_cast<platform::WindowSearch&>(console_titles)
                                           : static_cast<platform::WindowSearch&>(fake_windows);
+    environment = std::make_unique<platform::posix::PosixEnvironment>(program_folder);
     ports = std::make_unique<platform::Ports>(platform::Ports{
-        environment, files, profiles, *registry, clock, binary_files, processes, windows});
+        *environment, files, profiles, *registry, clock, binary_files, processes, windows});
     program = std::make_unique<ProgramObjects>(*ports, ui);
     form = std::make_unique<frmMain>(*ports, ui, *program, command_line);
+    assistant = std::make_unique<AssistantWindowHolder>(*ports, ui, *program);
+    form->SetAssistant(assistant.get());
     window = std::make_unique<FormWindow>(*form, ui);
     qt_ui.SetOwner(window.get());
     window->LoadForm();
@@ -100,7 +109,9 @@ class DesktopWindowTest : public testing_support::IsolatedHomeTest {
     QMetaObject::invokeMethod(window->TimerOf("tmrStillWorking"), "timeout", Qt::DirectConnection);
   }
 
-  platform::posix::PosixEnvironment environment{WAVFORGE_PROGRAM_DIR};
+  // The folder the program's data files are read from.
+  std::string program_folder = WAVFORGE_PROGRAM_DIR;
+  std::unique_ptr<platform::posix::PosixEnvironment> environment;
   platform::posix::PosixFileSystem files;
   platform::posix::IniProfileReader profiles;
   std::unique_ptr<platform::posix::SqliteRegistry> registry;
@@ -115,6 +126,7 @@ class DesktopWindowTest : public testing_support::IsolatedHomeTest {
   std::unique_ptr<ProgramObjects> program;
   std::unique_ptr<frmMain> form;
   std::unique_ptr<FormWindow> window;
+  std::unique_ptr<AssistantWindowHolder> assistant;
 };
 
 }  // namespace wavforge::qt

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QUrl>
+#include <QWindow>
 #include <algorithm>
 #include <filesystem>
 
@@ -21,14 +22,19 @@
 namespace wavforge::qt {
 namespace {
 
-// Sends a whole drag of this data onto a widget: enter, then drop in its middle.
-void DropOn(QWidget* widget, std::unique_ptr<QMimeData> owned) {
-  QMimeData* data = owned.get();
-  const QPointF middle(widget->width() / 2.0, widget->height() / 2.0);
-  QDragEnterEvent enter(middle.toPoint(), Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(widget, &enter);
-  QDropEvent drop(middle, Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(widget, &drop);
+// Drags this data onto a point of a widget (its middle unless given) and drops it there, as the
+// window system does: through the window, which finds the widget. False when it was refused.
+bool DropOn(QWidget* widget, std::unique_ptr<QMimeData> data, QPoint point = {}) {
+  const QPoint at =
+      widget->mapTo(widget->window(), point.isNull() ? widget->rect().center() : point);
+  QWindow* window = widget->window()->windowHandle();
+  QDragEnterEvent enter(at, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(window, &enter);
+  QDragMoveEvent move(at, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(window, &move);
+  QDropEvent drop(at, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(window, &drop);
+  return move.isAccepted();
 }
 
 std::unique_ptr<QMimeData> FilesData(const std::vector<std::string>& paths) {
@@ -64,8 +70,12 @@ TEST_P(WindowTextsTest, TheWindowShowsTheFormInItsLanguageAtItsPixelSize) {
   EXPECT_FALSE(select->toolTip().isEmpty());
   EXPECT_EQ(static_cast<QCheckBox*>(Widget("chkDelTemp"))->text().toStdString(),
             GetParam().del_temp);
-  // Whatever the screen's density, the layout keeps the pixels it has at 120 dots per inch.
-  EXPECT_EQ(shown.size(), QSize(607, 432));
+  // Whatever the screen's density, the layout and its fonts keep the screen pixels they have at
+  // 120 dots per inch (ctest runs this at 96, 120 and 144).
+  const qreal ratio = shown.devicePixelRatioF();
+  EXPECT_EQ(shown.width() * ratio, 607);
+  EXPECT_EQ(shown.height() * ratio, 432);
+  EXPECT_EQ(Widget("lblHomePage")->fontInfo().pixelSize() * ratio, 15);
   EXPECT_EQ(Widget("cmdStart")->geometry(), QRect(375, 290, 161, 26));
   EXPECT_EQ(Widget("imgIcon", 0)->geometry(), QRect(80, 40, 32, 32));
   EXPECT_FALSE(Widget("imgIcon", 1)->isVisible());
@@ -125,7 +135,9 @@ TEST_P(SelectionTest, FilesReplaceTheSelectionAndStartFollowsOnTheNextTick) {
     program->file_list.Replace({"/earlier.wav"});
     QWidget* target =
         GetParam().target ? Widget(GetParam().target, GetParam().index) : window.get();
-    DropOn(target, FilesData({a, b}));
+    // The window itself shows only at its edge, beside the panel.
+    const QPoint point = GetParam().target ? QPoint() : window->rect().bottomRight();
+    EXPECT_TRUE(DropOn(target, FilesData({a, b}), point));
   }
   EXPECT_EQ(program->file_list.Items(), (std::vector<std::string>{a, b})) << GetParam().name;
   EXPECT_FALSE(Widget("cmdStart")->isEnabled()) << GetParam().name;
@@ -141,6 +153,42 @@ INSTANTIATE_TEST_SUITE_P(Ways, SelectionTest,
                                            SelectionCase{"about line", "Label1", 33},
                                            SelectionCase{"notice", "Label1", 6},
                                            SelectionCase{"status icon", "imgIcon", 0}));
+
+class RefusedDropTest : public DesktopWindowTest,
+                        public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(RefusedDropTest, ControlsThatTakeNoFilesRefuseThemAndKeepTheSelection) {
+  WriteSettings("English");
+  Open();
+  program->file_list.Replace({"/earlier.wav"});
+  EXPECT_FALSE(DropOn(Widget(GetParam()), FilesData({(Home() / "a.wav").string()})));
+  EXPECT_EQ(program->file_list.Items(), std::vector<std::string>{"/earlier.wav"});
+  EXPECT_EQ(ui.beeps, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Controls, RefusedDropTest,
+                         ::testing::Values("cmdStart", "cmdStop", "cmdSelectFile", "chkDelTemp"));
+
+struct LinkCase {
+  const char* name;
+  int index;
+  const char* address_key;
+};
+
+class LinkTest : public DesktopWindowTest, public ::testing::WithParamInterface<LinkCase> {};
+
+TEST_P(LinkTest, AClickOpensItsAddressOnce) {
+  WriteSettings("English");
+  Open();
+  QTest::mouseClick(Widget(GetParam().name, GetParam().index), Qt::LeftButton);
+  ASSERT_EQ(processes.shell.size(), 1u) << GetParam().name;
+  EXPECT_EQ(processes.shell[0].file, program->language.Get().FormatMsg(GetParam().address_key));
+}
+
+INSTANTIATE_TEST_SUITE_P(Links, LinkTest,
+                         ::testing::Values(LinkCase{"lblHomePage", -1, "homepage"},
+                                           LinkCase{"lblMailTo", -1, "email"},
+                                           LinkCase{"imgIcon", 0, "homepage"}));
 
 TEST_F(DesktopWindowTest, DroppingTextBeepsAndKeepsTheSelection) {
   WriteSettings("English");

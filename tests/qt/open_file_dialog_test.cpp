@@ -41,6 +41,7 @@ class FileDialogWindowTest : public DesktopWindowTest {
       seen_title = dialog->windowTitle();
       seen_folder = dialog->directory().absolutePath();
       seen_filters = dialog->nameFilters();
+      seen_name = dialog->selectedFiles();
       if (!confirm) {
         dialog->reject();
         return;
@@ -52,7 +53,7 @@ class FileDialogWindowTest : public DesktopWindowTest {
   }
 
   QString seen_title, seen_folder;
-  QStringList seen_filters;
+  QStringList seen_filters, seen_name;
 };
 
 TEST_F(FileDialogWindowTest, ChosenFilesReplaceTheSelection) {
@@ -65,17 +66,22 @@ TEST_F(FileDialogWindowTest, ChosenFilesReplaceTheSelection) {
   QTest::mouseClick(static_cast<QPushButton*>(Widget("cmdSelectFile")), Qt::LeftButton);
   EXPECT_EQ(seen_title.toStdString(), "Select WAV recordings");
   EXPECT_EQ(seen_folder.toStdString(), folder.string());
+  EXPECT_EQ(seen_name.join(u' ').toStdString(), "");
   EXPECT_EQ(seen_filters, QStringList({"Wave files (*.wav) (*.wav)", "All files (*) (*)"}));
   EXPECT_EQ(program->file_list.Items(), (std::vector<std::string>{(folder / "one.wav").string(),
                                                                   (folder / "two.wav").string()}));
 }
 
-TEST_F(FileDialogWindowTest, ACancelledDialogKeepsTheSelection) {
+TEST_F(FileDialogWindowTest, WithoutItsFolderItOpensWhereItWouldAndCancelKeepsTheSelection) {
   WriteSettings("English");
   Open();
+  ASSERT_FALSE(std::filesystem::exists(TempFolder() / "Larkspur"));
+  const QString toolkit_folder = QFileDialog().directory().absolutePath();
   program->file_list.Replace({"/earlier.wav"});
   AnswerNextDialog({}, false);
   QTest::mouseClick(static_cast<QPushButton*>(Widget("cmdSelectFile")), Qt::LeftButton);
+  EXPECT_EQ(seen_folder.toStdString(), toolkit_folder.toStdString());
+  EXPECT_EQ(seen_name.join(u' ').toStdString(), "");
   EXPECT_EQ(program->file_list.Items(), std::vector<std::string>{"/earlier.wav"});
 }
 

@@ -29,9 +29,9 @@ class ShippedLanguageTest : public ::testing::TestWithParam<const char*> {
 TEST_P(ShippedLanguageTest, HasEveryTextTheWindowsAndMessagesUse) {
   const auto language = Load();
   EXPECT_TRUE(ui.messages.empty()) << "a key is written twice";
-  for (const char* key :
-       {"27100", "27110", "5050", "27900", "27910", "homepage", "email", "908", "989VI",
-        "onlinehelp", "100000", "100120", "100130", "100140", "100150"}) {
+  for (const char* key : {"27100", "27110", "5050", "27900", "27910", "homepage", "email", "908",
+                          "989VI", "onlinehelp", "100000", "100120", "100130", "100140", "100150",
+                          "helpoffline", "helpofflinetext", "helpofflinelink"}) {
     EXPECT_NE(language.Text(key), "") << GetParam() << " " << key;
   }
   // Controls whose text the user types or that show no text carry only a tip.

@@ -20,6 +20,11 @@ std::optional<std::uint64_t> PosixFileSystem::FileSize(const std::string& path) 
   return size;
 }
 
+bool PosixFileSystem::PathExists(const std::string& path) const {
+  std::error_code error;
+  return fs::exists(path, error);
+}
+
 bool PosixFileSystem::CreateFolder(const std::string& path) {
   std::error_code error;
   fs::create_directory(path, error);
@@ -76,8 +81,9 @@ bool PosixFileSystem::AppendToFile(const std::string& path, const std::string& b
 // stop.
 std::error_code PosixFileSystem::WriteFile(const std::string& path, const std::string& bytes) {
   const fs::path target(path);
-  const std::string prefix = (target.parent_path() / ("." + target.filename().string())).string() +
-                             "." + std::to_string(getpid()) + ".";
+  fs::path hidden = target.parent_path() / ".";
+  hidden += target.filename();  // ".name" beside it; not "." + temporary, which GCC 12 flags
+  const std::string prefix = hidden.string() + "." + std::to_string(getpid()) + ".";
   std::string temporary;
   int fd = -1;
   for (int attempt = 0; fd < 0 && attempt < 100; ++attempt) {

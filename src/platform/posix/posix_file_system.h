@@ -7,6 +7,7 @@ namespace platform::posix {
 class PosixFileSystem final : public FileSystem {
  public:
   std::optional<std::uint64_t> FileSize(const std::string& path) const override;
+  bool PathExists(const std::string& path) const override;
   bool CreateFolder(const std::string& path) override;
   bool CreatePrivateFolder(const std::string& path) override;
   bool CopyFile(const std::string& from, const std::string& to) override;

@@ -5,14 +5,14 @@
 namespace platform::posix {
 namespace {
 
-SqliteRegistry MakeRegistry(const std::string& product, std::string user_agent) {
+SqliteRegistry MakeRegistry(const std::string& product, std::function<std::string()> user_agent) {
   const RegistryPaths paths = DefaultRegistryPaths(product);
   return SqliteRegistry(paths.user_store, paths.machine_store, std::move(user_agent));
 }
 
 }  // namespace
 
-PosixPlatform::PosixPlatform(const std::string& product, std::string user_agent,
+PosixPlatform::PosixPlatform(const std::string& product, std::function<std::string()> user_agent,
                              WindowSearch* display_windows)
     : registry_(MakeRegistry(product, std::move(user_agent))),
       processes_(environment_.ProgramFolder()),

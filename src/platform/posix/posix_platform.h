@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/ports.h"
@@ -17,10 +18,11 @@ namespace platform::posix {
 // Owns the POSIX adapter of every port; a front end makes one and hands ports() to the core.
 class PosixPlatform {
  public:
-  // product names the folder of the registry stores; user_agent is what the browser engine
-  // calls itself, for the registry's user-agent value. The window search sees the job scripts'
-  // console titles, and the windows display_windows finds when a front end has a display.
-  explicit PosixPlatform(const std::string& product, std::string user_agent = "",
+  // product names the folder of the registry stores; user_agent tells what the browser engine
+  // calls itself, for the registry's user-agent value, only when that value is read (starting
+  // the engine is too dear for every start). The window search sees the job scripts' console
+  // titles, and the windows display_windows finds when a front end has a display.
+  explicit PosixPlatform(const std::string& product, std::function<std::string()> user_agent = {},
                          WindowSearch* display_windows = nullptr);
   PosixPlatform(const PosixPlatform&) = delete;
   PosixPlatform& operator=(const PosixPlatform&) = delete;

@@ -5,7 +5,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
+#include <sstream>
 
 #include "platform/command_line.h"
 
@@ -89,6 +91,18 @@ void PosixProcesses::ShellExecute(const std::string& file, const std::string& pa
   std::vector<std::string> argv = {file};
   for (auto& part : SplitCommandLine(parameters)) argv.push_back(std::move(part));
   LaunchDetached(argv, folder, 0, show_state == 0);
+}
+
+bool PosixProcesses::CanElevate() const {
+  if (geteuid() == 0) return false;
+  const char* path = std::getenv("PATH");
+  std::stringstream folders(path == nullptr ? "" : path);
+  std::string folder;
+  while (std::getline(folders, folder, ':')) {
+    if (folder.empty()) continue;
+    if (access((folder + "/pkexec").c_str(), X_OK) == 0) return true;
+  }
+  return false;
 }
 
 }  // namespace platform::posix

@@ -16,6 +16,7 @@ class PosixProcesses final : public Processes {
   void StartScript(const std::string& command_line, int show_state) override;
   void ShellExecute(const std::string& file, const std::string& parameters,
                     const std::string& directory, int show_state) override;
+  bool CanElevate() const override;
 
  private:
   std::string program_folder_;

@@ -182,7 +182,7 @@ bool IsKeyOrParent(const std::string& folded_path, std::string_view key) {
 }  // namespace
 
 SqliteRegistry::SqliteRegistry(std::string user_store, std::string machine_store,
-                               std::string user_agent)
+                               std::function<std::string()> user_agent)
     : user_store_(std::move(user_store)),
       machine_store_(std::move(machine_store)),
       user_agent_(std::move(user_agent)) {}
@@ -224,8 +224,10 @@ std::optional<RegistryValue> SqliteRegistry::VirtualValue(RegistryRoot root,
     return RegistryValue{static_cast<std::uint32_t>(RegistryType::kExpandableText), *folder + '\0'};
   }
   if (root == RegistryRoot::kUsers && folded_path == kInternetSettingsKey &&
-      folded_name == "user agent" && !user_agent_.empty()) {
-    return RegistryValue{static_cast<std::uint32_t>(RegistryType::kText), user_agent_ + '\0'};
+      folded_name == "user agent" && user_agent_) {
+    const std::string agent = user_agent_();
+    if (agent.empty()) return std::nullopt;
+    return RegistryValue{static_cast<std::uint32_t>(RegistryType::kText), agent + '\0'};
   }
   return std::nullopt;
 }

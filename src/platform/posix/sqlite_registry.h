@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -13,11 +14,13 @@ namespace platform::posix {
 // values the program reads from the Windows registry come from the system instead:
 // HKEY_CURRENT_USER "Environment" "Temp" and "Tmp" (when not stored) from $TMPDIR, else a
 // private folder of the user ($XDG_RUNTIME_DIR/wavforge, else /tmp/wavforge-<uid>, created on
-// use), and the default user's "User Agent" from the text given here (empty: no such value).
+// use), and the default user's "User Agent" from the function given here, asked each time the
+// value is read (no function or an empty answer: no such value).
 // HKEY_CLASSES_ROOT holds nothing; it and HKEY_USERS refuse writes.
 class SqliteRegistry final : public Registry {
  public:
-  SqliteRegistry(std::string user_store, std::string machine_store, std::string user_agent);
+  SqliteRegistry(std::string user_store, std::string machine_store,
+                 std::function<std::string()> user_agent);
 
   bool OpenKey(RegistryRoot root, const std::string& subkey, RegistryAccess access) override;
   std::optional<RegistryValue> QueryValue(RegistryRoot root, const std::string& subkey,
@@ -36,7 +39,7 @@ class SqliteRegistry final : public Registry {
 
   std::string user_store_;
   std::string machine_store_;
-  std::string user_agent_;
+  std::function<std::string()> user_agent_;
 };
 
 }  // namespace platform::posix

@@ -36,7 +36,7 @@ class SqliteRegistryTest : public testing_support::IsolatedHomeTest {
  protected:
   fs::path UserStore() const { return ConfigHome() / "Larkspur" / "registry.sqlite"; }
   fs::path MachineStore() const { return MachineData() / "Larkspur" / "registry.sqlite"; }
-  SqliteRegistry Make() const { return SqliteRegistry(UserStore(), MachineStore(), ""); }
+  SqliteRegistry Make() const { return SqliteRegistry(UserStore(), MachineStore(), nullptr); }
 };
 
 TEST_F(SqliteRegistryTest, EmptyStoreFileReadsAsEmptyHive) {
@@ -152,7 +152,9 @@ TEST_F(SqliteRegistryTest, ConcurrentWritersLoseNothing) {
       bool ok = registry.SetDefaultText(kUser, WriterKey(writer), "");
       for (int i = 0; i < kWritesEach; ++i) {
         const RegistryValue value = RaceValue(writer, i);
-        ok = registry.SetValue(kUser, WriterKey(writer), "V" + std::to_string(i), value) && ok;
+        ok = registry.SetValue(kUser, WriterKey(writer), std::string("V").append(std::to_string(i)),
+                               value) &&
+             ok;
         ok = registry.SetValue(kUser, "Software\\Race", "Shared", value) && ok;
       }
       _exit(ok ? 0 : 1);
@@ -171,8 +173,9 @@ TEST_F(SqliteRegistryTest, ConcurrentWritersLoseNothing) {
   int wrong = 0;
   for (int writer = 0; writer < kWriters; ++writer) {
     for (int i = 0; i < kWritesEach; ++i) {
-      wrong += registry.QueryValue(kUser, WriterKey(writer), "v" + std::to_string(i)) !=
-               RaceValue(writer, i);
+      wrong +=
+          registry.QueryValue(kUser, WriterKey(writer),
+                              std::string("v").append(std::to_string(i))) != RaceValue(writer, i);
     }
   }
   EXPECT_EQ(wrong, 0) << "values lost or damaged";

@@ -48,7 +48,9 @@ class PrivateXServer {
            (n = read(pipe_ends[0], buffer, sizeof buffer)) > 0) {
       number.append(buffer, static_cast<std::size_t>(n));
     }
-    if (number.find('\n') != std::string::npos) display = ":" + number.substr(0, number.find('\n'));
+    if (number.find('\n') != std::string::npos) {
+      display = std::string(":").append(number, 0, number.find('\n'));
+    }
     close(pipe_ends[0]);
   }
   ~PrivateXServer() {

@@ -1,0 +1,2 @@
+// Page script gets no external object from this browser.
+window.external = null;

@@ -20,6 +20,7 @@ cd "$(dirname "$0")/.."
 build=${MUTANTS_BUILD_DIR:-build/mutants}
 list=${MUTANTS_LIST:-scripts/mutants.list}
 test_timeout=${MUTANTS_TEST_TIMEOUT:-120}
+qt_shards=${MUTANTS_QT_SHARDS:-3}
 results=$build/mutants-results.tsv
 backup=$build/mutant-backup
 
@@ -103,21 +104,39 @@ configure() {
 
 build_targets() { cmake --build "$build" -j2 --target "$@" >"$build/mutant-build.log" 2>&1; }
 
-# Runs the binaries; prints the failed tests one per line. A test that crashes its binary or
-# runs out of time is named too (with CRASH or TIMEOUT), and the binary runs again without it,
-# so the tests after it are not lost.
+# Runs the binaries side by side (most of their time is spent waiting for child processes and
+# windows, so two at once take little longer than one); prints the failed tests one per line.
+# The window tests wait on the browser engine for most of their time, so they run in shards.
 run_tests() {
-  local binary log status excluded running tries tmp
+  local binary shards shard
   for binary in "$@"; do
-    log=$build/mutant-$binary.log
+    shards=1
+    [ "$binary" = wavforge_qt_tests ] && shards=$qt_shards
+    for ((shard = 0; shard < shards; ++shard)); do
+      run_binary "$binary" "$shard" "$shards" >"$build/mutant-$binary-$shard.failed" &
+    done
+  done
+  wait
+  for binary in "$@"; do cat "$build/mutant-$binary"-*.failed; done
+  rm -f "$build"/mutant-*.failed
+}
+
+# One binary's failed tests. A test that crashes the binary or runs out of time is named too
+# (with CRASH or TIMEOUT), and the binary runs again without it, so the tests after it are not
+# lost.
+run_binary() {
+  local binary=$1 shard=$2 shards=$3 log status excluded running tries tmp
+  {
+    log=$build/mutant-$binary-$shard.log
     excluded="" tries=0
     while :; do
       status=0
       # A temporary folder of its own, so what a crashed run leaves is removed with it. The
       # braces keep the shell's own notice of a crash out of the table.
       tmp=$(mktemp -d /tmp/wavforge-mutants-XXXXXX)
-      { (cd "$build/tests" && TMPDIR=$tmp timeout -k 10 "$test_timeout" "./$binary" \
-        ${excluded:+"--gtest_filter=-${excluded#:}"}) >"$log" 2>&1 </dev/null; } 2>/dev/null ||
+      { (cd "$build/tests" && TMPDIR=$tmp GTEST_SHARD_INDEX=$shard GTEST_TOTAL_SHARDS=$shards \
+        timeout -k 10 "$test_timeout" "./$binary" ${excluded:+"--gtest_filter=-${excluded#:}"}) \
+        >"$log" 2>&1 </dev/null; } 2>/dev/null ||
         status=$?
       rm -rf "$tmp"
       sed -n 's/^\[  FAILED  \] \([^ ,]*\).*/\1/p' "$log" | grep -v '^[0-9]*$' | sort -u || true
@@ -131,7 +150,7 @@ run_tests() {
       echo "$running"
       excluded="$excluded:$running"
     done
-  done
+  }
 }
 
 line_count() { cat $(find "$1" -name '*.cpp' -o -name '*.h') | grep -cv '^\s*$'; }

@@ -121,7 +121,7 @@ TEST_F(SqliteRegistryTest, TempValuesOfTheUsersEnvironmentComeFromTmpdirOrAPriva
 }
 
 constexpr int kWriters = 6;
-constexpr int kWritesEach = 50;
+constexpr int kWritesEach = 15;
 
 // Distinct, self-describing values of varying length, several pages for some, so a torn or
 // mixed-up write shows.

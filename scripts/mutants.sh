@@ -8,6 +8,9 @@
 #   scripts/mutants.sh              every fault (after checking that the suite passes as it is)
 #   scripts/mutants.sh ID...        only these faults
 #   scripts/mutants.sh --check      only checks that every fault still applies
+#   MUTANTS_QUICK=1 scripts/mutants.sh
+#                                   the core tests first, the window tests only for a fault
+#                                   they have not caught (much faster; names fewer tests)
 #   scripts/mutants.sh --report     which tests caught what in the last run: each test's faults,
 #                                   the faults only one test catches, the tests that catch none
 #
@@ -21,6 +24,7 @@ build=${MUTANTS_BUILD_DIR:-build/mutants}
 list=${MUTANTS_LIST:-scripts/mutants.list}
 test_timeout=${MUTANTS_TEST_TIMEOUT:-120}
 qt_shards=${MUTANTS_QT_SHARDS:-3}
+quick=${MUTANTS_QUICK:-}
 results=$build/mutants-results.tsv
 backup=$build/mutant-backup
 
@@ -233,13 +237,24 @@ for i in "${selected[@]}"; do
     skipped=$((skipped + 1))
   else
     read -r -a binaries <<<"$(binaries_for "$file")"
-    if ! build_targets "${binaries[@]}"; then
-      outcome="BUILD FAILED (see $build/mutant-build.log)"
-      cp "$build/mutant-build.log" "$build/mutant-build-$id.log"
+    # Quick: one binary after the other, stopping at the first that catches the fault; the
+    # tests named are then only that binary's.
+    if [ -n "$quick" ]; then groups=("${binaries[@]}"); else groups=("${binaries[*]}"); fi
+    outcome=""
+    for group in "${groups[@]}"; do
+      read -r -a targets <<<"$group"
+      if ! build_targets "${targets[@]}"; then
+        outcome="BUILD FAILED (see $build/mutant-build.log)"
+        cp "$build/mutant-build.log" "$build/mutant-build-$id.log"
+        break
+      fi
+      outcome=$(run_tests "${targets[@]}" | sort -u | tr '\n' ' ' | sed 's/ $//')
+      [ -n "$outcome" ] && break
+    done
+    if [[ $outcome == "BUILD FAILED"* ]]; then
       skipped=$((skipped + 1))
     else
       applied=$((applied + 1))
-      outcome=$(run_tests "${binaries[@]}" | sort -u | tr '\n' ' ' | sed 's/ $//')
       if [ -n "$outcome" ]; then caught=$((caught + 1)); else outcome=SURVIVED; fi
     fi
     restore

@@ -123,12 +123,12 @@ TEST(PageFolderTest, MajorVersionFoldersComeFirstAndHtmlBeforeHelp) {
 
 TEST(NavTableTest, LocalFileGivesEveryKeyInFileOrderAndOnlineTextKeepsSingleEquals) {
   fakes::MemoryProfileReader profiles;
-  profiles.SetFile("/n.nav", "[A]\na1=1.htm\na2=2.htm\na3=3.htm\n[B]\nb1=4.htm\nb2=\nb3=6.htm\n");
+  profiles.SetFile("/n.nav", "[A]\na1=1.htm\na2=2.htm\na3=3.htm\n[B]\nb1=4.htm\nb2=\nB3=6.htm\n");
   const NavTable local = ReadLocalNav(profiles, "/n.nav");
   ASSERT_EQ(local.size(), 6u);
   EXPECT_EQ(local[3], (NavEntry{"b1", "4.htm"}));
   EXPECT_EQ(local[4], (NavEntry{"b2", ""}));
-  EXPECT_EQ(FindNavKey(local, "B3"), 6);
+  EXPECT_EQ(FindNavKey(local, "b3"), 6);
   EXPECT_EQ(FindNavPage(local, "2.HTM"), 2);
   EXPECT_EQ(FindNavPage(local, "none.htm"), 0);
 
@@ -359,6 +359,7 @@ TEST_F(AssistantTest, CommandElementsStepThroughThePagesOrCallOperations) {
       {"names.htm", "NoSuchOperation", "beep"},
       {"names.htm", "SetUrl 12abc.htm 1", "https://help.test/en/start.htm?url=12abc.htm"},
       {"names.htm", "SetUrl names.htm 0", local + "start.htm?url=names.htm"},
+      {"names.htm", "SetUrl x.htm 0.6", "https://help.test/en/start.htm?url=x.htm"},
       {"names.htm", "SetUrl x.htm 1 extra", ""},
       {"names.htm", "SetUrl  x.htm", "beep"},
   };

@@ -67,7 +67,11 @@ int main(int argc, char** argv) {
   wavforge::qt::FormWindow window(form, ui);
   ui.SetOwner(&window);
   instance.OnActivationRequest([&window] { window.Activate(); });
-  if (probe) window.OnFirstPaint([&probe] { probe->Report(); });
+  // Once the window is on the screen: the browser engine a check starts costs the start nothing.
+  window.OnFirstPaint([&probe, &assistant] {
+    if (probe) probe->Report();
+    assistant.CheckForUpdatesAtStart(false);
+  });
 
   window.LoadForm();
   if (!form.Visible) return 0;

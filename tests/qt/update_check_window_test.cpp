@@ -2,8 +2,6 @@
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
-#include <fstream>
-#include <sstream>
 
 #include "assistant/update_check.h"
 #include "desktop_window_fixture.h"
@@ -40,22 +38,8 @@ class UpdateCheckAtStartTest : public DesktopWindowTest,
         "<script type=\"text/plain\" id=\"code\">Main() { echo ran > '" +
             ran.string() + "'; }</script></body></html>");
     server = std::make_unique<StaticHelpServer>(QString::fromStdString(site.string()));
-    const fs::path built = WAVFORGE_PROGRAM_DIR;
-    const fs::path folder = Root() / "program";
-    fs::create_directories(folder);
-    for (const char* name : {"HTML0", "Larkspur.nav", "LarkspurFix.ini", "Larkspur.ini"}) {
-      fs::create_symlink(built / name, folder / name);
-    }
-    std::ifstream in(built / "English.lang");
-    std::ostringstream language;
     const std::string base = server->Base().toStdString();
-    for (std::string line; std::getline(in, line);) {
-      if (line.rfind("onlinehelp=", 0) == 0) line = "onlinehelp=" + base;
-      if (line.rfind("updateurl=", 0) == 0) line = "updateurl=" + base + "update.htm";
-      language << line << "\n";
-    }
-    testing_support::WriteFile(folder / "English.lang", language.str());
-    program_folder = folder.string();
+    UseProgramFolder({"onlinehelp=" + base, "updateurl=" + base + "update.htm"});
   }
 
   std::string Flag(const char* name) {

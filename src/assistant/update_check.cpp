@@ -1,5 +1,6 @@
 #include "assistant/update_check.h"
 
+#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <cmath>
@@ -31,16 +32,22 @@ double DaysUntilNextCheck(const std::string& retcode) {
   if (separator == std::string::npos) return 1;
   std::string field = retcode.substr(separator + 1);
   field = field.substr(0, field.find(';'));
-  const auto start = field.find_first_not_of(' ');
+  auto start = field.find_first_not_of(' ');
   if (start == std::string::npos) return 0;
+  // A number may carry its sign, "+7" as well as "-7"; from_chars takes only the minus.
+  const bool plus = field[start] == '+';
+  if (plus) ++start;
+  if (plus && (start == field.size() || field[start] == '-')) return 0;
   double days = 0;
   const char* first = field.data() + start;
   const auto result = std::from_chars(first, field.data() + field.size(), days);
-  return result.ec == std::errc() ? days : 0;
+  return result.ec == std::errc() && std::isfinite(days) ? days : 0;
 }
 
 std::string DateTimeText(const platform::LocalTime& time, double days) {
   using namespace std::chrono;
+  // Further than a century either way is a century: the text keeps its four-digit year.
+  days = std::clamp(days, -36525.0, 36525.0);
   const sys_days date{year{time.year} / time.month / time.day};
   const auto at = date + hours{time.hour} + minutes{time.minute} + seconds{time.second} +
                   seconds{std::llround(days * 86400.0)};

@@ -24,6 +24,7 @@ void PrintSettings(const Settings& s, std::ostream& out) {
       << "WMA44Quality=" << p[kWma44].quality << '\n'
       << "WMA48Quality=" << p[kWma48].quality << '\n'
       << "Encoder=" << s.Encoder << '\n'
+      << "AutoUpdateCheck=" << int{s.AutoUpdateCheck} << '\n'
       << "[Encode]\n"
       << "Normalize=" << s.NormalizeCommand << '\n';
   for (const int format : {kWav44, kMp3, kOggVorbis, kWma44, kWma48, kWav48}) {

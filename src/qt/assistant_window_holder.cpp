@@ -2,6 +2,7 @@
 
 #include <QTimer>
 
+#include "assistant/startup_update_check.h"
 #include "qt/web_browser.h"
 #include "settings/registry_access.h"
 
@@ -57,6 +58,15 @@ void AssistantWindowHolder::SetUrl(const std::string& Url, bool Online) {
 void AssistantWindowHolder::UnloadIfLoaded() {
   if (!form_ || form_->Released()) return;
   form_->Unload();
+  window_->AfterEvent();
+}
+
+void AssistantWindowHolder::CheckForUpdatesAtStart(bool asked) {
+  const std::string address = StartupUpdateAddress(asked, program_.settings.AutoUpdateCheck, ports_,
+                                                   program_.language.Get());
+  if (address.empty()) return;
+  Ensure();
+  form_->SetUpdateURL(address);
   window_->AfterEvent();
 }
 

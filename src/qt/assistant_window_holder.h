@@ -22,6 +22,9 @@ class AssistantWindowHolder final : public AssistantWindow {
 
   void SetUrl(const std::string& Url, bool Online) override;
   void UnloadIfLoaded() override;
+  // The update check the program starts with, in a hidden window: when asked for on the
+  // command line, or when the automatic check is on and due.
+  void CheckForUpdatesAtStart(bool asked);
 
   // The open window, or nullptr.
   frmWizard* Form() const { return form_.get(); }

@@ -2,6 +2,7 @@
 #include <QWebEngineProfile>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/posix/posix_platform.h"
@@ -31,8 +32,11 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("wavforge"));
   // What the toolkit left of the arguments are the files, as bytes. The job script runs in the
   // program folder, so a relative name of an existing file is made absolute here.
+  // "-update" is how the program restarts itself with administrator rights for an update: the
+  // new instance checks again, now with the rights the update script needs.
+  const bool update_asked = argc > 1 && std::string_view(argv[1]) == "-update";
   std::vector<std::string> arguments;
-  for (int i = 1; i < argc; ++i) {
+  for (int i = update_asked ? 2 : 1; i < argc; ++i) {
     const std::filesystem::path name(argv[i]);
     std::error_code error;
     if (name.is_relative() && std::filesystem::exists(name, error)) {
@@ -67,7 +71,11 @@ int main(int argc, char** argv) {
   wavforge::qt::FormWindow window(form, ui);
   ui.SetOwner(&window);
   instance.OnActivationRequest([&window] { window.Activate(); });
-  if (probe) window.OnFirstPaint([&probe] { probe->Report(); });
+  // Once the window is on the screen: the browser engine a check starts costs the start nothing.
+  window.OnFirstPaint([&probe, &assistant, update_asked] {
+    if (probe) probe->Report();
+    assistant.CheckForUpdatesAtStart(update_asked);
+  });
 
   window.LoadForm();
   if (!form.Visible) return 0;

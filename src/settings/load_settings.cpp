@@ -95,6 +95,7 @@ void SettingsLoader::LoadSettings(Settings& settings, const DelTempShown& show_d
   StoreInt16(settings.Profiles[kWma44].quality, number("Options", "WMA44Quality", 2));
   StoreInt16(settings.Profiles[kWma48].quality, number("Options", "WMA48Quality", 2));
   StoreInt16(settings.Encoder, number("Options", "Encoder", 0));
+  settings.AutoUpdateCheck = number("Options", "AutoUpdateCheck", 0) != 0;
 
   first_run_done_ = true;
 }

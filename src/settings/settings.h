@@ -34,6 +34,8 @@ struct Settings {
   bool Normalize = false;
   bool DelTemp = false;
   std::int16_t Encoder = 0;
+  // An update check at start-up when the last one asked for the next (off unless set).
+  bool AutoUpdateCheck = false;
   std::string NormalizeCommand;
   std::array<EncoderProfile, kFormatCount> Profiles;
 };

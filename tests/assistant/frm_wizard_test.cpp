@@ -437,6 +437,7 @@ TEST_F(UpdateCheckTest, AsksWithTheAgentAndStoresTheCodeAndTheNextCheck) {
     const char* retcode;
     const char* next;
   } cases[] = {{"3;7", "2026-11-26 14:05:10"},
+               {"3;+7", "2026-11-26 14:05:10"},
                {"0;0.5", "2026-11-20 02:05:10"},
                {"5", "2026-11-20 14:05:10"}};
   for (const auto& c : cases) {

@@ -53,6 +53,7 @@ TEST_F(CliTest, SettingsWithNeitherFilePrintsTheDefaults) {
                             "WMA44Quality=2\n"
                             "WMA48Quality=2\n"
                             "Encoder=0\n"
+                            "AutoUpdateCheck=0\n"
                             "[Encode]\n"
                             "Normalize=\n"
                             "WAV44=\n"

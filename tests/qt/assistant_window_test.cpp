@@ -2,8 +2,6 @@
 #include <QTest>
 #include <QWebEnginePage>
 #include <QWebEngineView>
-#include <fstream>
-#include <sstream>
 
 #include "desktop_window_fixture.h"
 #include "qt/web_browser.h"
@@ -23,20 +21,7 @@ class AssistantWindowTest : public DesktopWindowTest {
     DesktopWindowTest::SetUp();
     const fs::path built = WAVFORGE_PROGRAM_DIR;
     server = std::make_unique<StaticHelpServer>(QString::fromStdString(built / "HTML0/English"));
-    const fs::path folder = Root() / "program";
-    fs::create_directories(folder);
-    for (const char* name : {"HTML0", "Larkspur.nav", "LarkspurFix.ini", "Larkspur.ini"}) {
-      fs::create_symlink(built / name, folder / name);
-    }
-    std::ifstream in(built / "English.lang");
-    std::ostringstream language;
-    for (std::string line; std::getline(in, line);) {
-      language << (line.rfind("onlinehelp=", 0) == 0 ? "onlinehelp=" + server->Base().toStdString()
-                                                     : line)
-               << "\n";
-    }
-    testing_support::WriteFile(folder / "English.lang", language.str());
-    program_folder = folder.string();
+    UseProgramFolder({"onlinehelp=" + server->Base().toStdString()});
     WriteSettings("English", "DelTemp=1\n");
     RegWrite(Registry(), platform::RegistryRoot::kCurrentUser, kBrowserSettingsKey,
              kDownloadDirectoryValue, std::string("/home/me/Downloads"));

@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "fakes/fake_processes.h"
 #include "fakes/fake_window_search.h"
@@ -97,6 +100,28 @@ class DesktopWindowTest : public testing_support::IsolatedHomeTest {
     window->LoadForm();
     QApplication::processEvents();
     return *window;
+  }
+
+  // A program folder of the test's own with the build's data, whose English language file has
+  // the given "key=" lines in place of the build's.
+  void UseProgramFolder(const std::vector<std::string>& lines) {
+    const std::filesystem::path built = WAVFORGE_PROGRAM_DIR;
+    const std::filesystem::path folder = Root() / "program";
+    std::filesystem::create_directories(folder);
+    for (const char* name : {"HTML0", "Larkspur.nav", "LarkspurFix.ini", "Larkspur.ini"}) {
+      std::filesystem::create_symlink(built / name, folder / name);
+    }
+    std::ifstream in(built / "English.lang");
+    std::string language;
+    for (std::string line; std::getline(in, line);) {
+      for (const std::string& replacement : lines) {
+        if (line.rfind(replacement.substr(0, replacement.find('=') + 1), 0) == 0)
+          line = replacement;
+      }
+      language += line + "\n";
+    }
+    testing_support::WriteFile(folder / "English.lang", language);
+    program_folder = folder.string();
   }
 
   QWidget* Widget(const char* name, int index = -1) {

@@ -35,6 +35,7 @@ void StaticHelpServer::Answer(QTcpSocket* socket) {
   const QByteArray request = socket->readAll();
   if (!request.contains("\r\n\r\n")) return;
   ++requests;
+  received.append(request);
   const QString path = QUrl(QString::fromLatin1(request.split(' ').value(1))).path();
   QFile file(folder_ + path);
   const bool found = !path.contains("..") && file.open(QIODevice::ReadOnly);

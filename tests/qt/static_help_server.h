@@ -13,6 +13,7 @@ class StaticHelpServer final : public QTcpServer {
   // The address of the folder, ending in "/".
   QString Base() const;
   int requests = 0;
+  QByteArrayList received;
 
  private:
   void Answer(QTcpSocket* socket);

@@ -66,7 +66,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& test) { return std::string(test.param.name); });
 
 // With pkexec on the search path the program can elevate, and the helper beside it hands its
-// parameters on to the interpreter beside it through that pkexec.
+// parameters on to the interpreter beside it through that pkexec, with the display it needs.
 TEST(RunAsAdminTest, RunsTheInterpreterBesideItThroughPkexec) {
   namespace fs = std::filesystem;
   const fs::path bin = fs::temp_directory_path() / "fake-bin";
@@ -80,14 +80,19 @@ TEST(RunAsAdminTest, RunsTheInterpreterBesideItThroughPkexec) {
   EXPECT_EQ(platform::posix::PosixProcesses("").CanElevate(), geteuid() != 0);
 
   const auto result = testing_support::RunProcess(
-      {helper.string(), "/q", "/c", R"(start "" "/opt/wavforge/wavforge" -update)"});
+      {"/usr/bin/env", "DISPLAY=:7", "XAUTHORITY=/run/user/1000/xauth", "WAYLAND_DISPLAY=wayland-1",
+       "XDG_RUNTIME_DIR=/run/user/1000", helper.string(), "/q", "/c",
+       R"(start "" "/opt/wavforge/wavforge" -update)"});
   setenv("PATH", path.c_str(), 1);
 
   EXPECT_EQ(result.exit_code, 0) << result.err;
   std::ifstream recorded(record);
   const std::string text{std::istreambuf_iterator<char>(recorded), {}};
-  EXPECT_EQ(text, (helper.parent_path() / "wavforge-cmd").string() +
-                      "\n/q\n/c\nstart \"\" \"/opt/wavforge/wavforge\" -update\n");
+  EXPECT_EQ(text,
+            "/usr/bin/env\nDISPLAY=:7\nXAUTHORITY=/run/user/1000/xauth\n"
+            "WAYLAND_DISPLAY=/run/user/1000/wayland-1\n" +
+                (helper.parent_path() / "wavforge-cmd").string() +
+                "\n/q\n/c\nstart \"\" \"/opt/wavforge/wavforge\" -update\n");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -191,16 +192,17 @@ INSTANTIATE_TEST_SUITE_P(
                       FormatCase{"Wma48", 4, ".wma", "wmav2", "48000", "WMA48"}),
     [](const auto& row) { return std::string(row.param.name); });
 
-// The ways a recording used to be lost. Each ends with a complete output in place or the
-// recording kept, and nothing else in its folder touched.
+// The ways a recording used to be lost, with the encoders of a job running side by side. Each
+// ends with a complete output in place or the recording kept, and nothing else in its folder
+// touched.
 struct LossCase {
   const char* name;
   std::string settings;
-  std::string file;                 // in the recordings folder; "!" + name: not a WAV at all
+  std::vector<std::string> files;   // in the recordings folder; "!" + name: not a WAV at all
   std::vector<std::string> prefix;  // before the command
   int exit_code;
-  std::vector<std::string> left;  // in the recordings folder, besides notes.txt
-  std::string output;             // under the music folder, complete; "" for none
+  std::vector<std::string> left;     // in the recordings folder, besides notes.txt
+  std::vector<std::string> outputs;  // under the music folder, complete
 };
 
 class EncodeLossTest : public EncodeCommandTest, public ::testing::WithParamInterface<LossCase> {};
@@ -210,12 +212,22 @@ TEST_P(EncodeLossTest, KeepsTheRecordingOrWritesACompleteOutput) {
   WriteFile(recordings / "notes.txt", "bystander");
   fs::remove(recordings / "take1.wav");
   fs::remove(recordings / "Band - Song.wav");
-  const bool garbage = c.file[0] == '!';
-  if (garbage) c.file = c.file.substr(1);
-  WriteFile(recordings / c.file,
-            garbage
-                ? testing_support::RiffChunk("WAVE", "not audio")
-                : Recording({{"IGNR", "Jazz"}, {"IART", "Anna"}, {"IALB", "L"}, {"INAM", "Blue"}}));
+  std::vector<std::string> job;
+  for (auto file : c.files) {
+    const bool garbage = file[0] == '!';
+    if (garbage) file = file.substr(1);
+    const std::string title = fs::path(file).stem().string();
+    WriteFile(
+        recordings / file,
+        garbage ? testing_support::RiffChunk("WAVE", "not audio")
+                : Recording({{"IGNR", "Jazz"}, {"IART", "Anna"}, {"IALB", "L"}, {"INAM", title}}));
+    job.push_back((recordings / file).string());
+  }
+  // An encoder that fails for the recording titled "b" only.
+  WriteFile(
+      Root() / "failing/lame",
+      "#!/bin/sh\ncase \" $* \" in *\" --tt b \"*) exit 3;; esac\nexec /usr/bin/lame \"$@\"\n");
+  fs::permissions(Root() / "failing/lame", fs::perms::owner_all);
   std::string settings = c.settings;
   for (const auto& [key, path] : {std::pair{"@root", Root()}, std::pair{"@rec", recordings}}) {
     for (auto at = settings.find(key); at != std::string::npos; at = settings.find(key)) {
@@ -231,14 +243,13 @@ TEST_P(EncodeLossTest, KeepsTheRecordingOrWritesACompleteOutput) {
       GTEST_SKIP() << "no mount namespace here";
     }
   }
-  const auto result =
-      Encode("DelTemp=1\n" + settings, {(recordings / c.file).string()}, {}, c.prefix);
+  const auto result = Encode("DelTemp=1\n" + settings, job, {}, c.prefix);
   EXPECT_EQ(result.exit_code, c.exit_code) << result.out << result.err;
   c.left.push_back("notes.txt");
   std::sort(c.left.begin(), c.left.end());
   EXPECT_EQ(Names(recordings), c.left) << result.out;
-  if (!c.output.empty()) {
-    EXPECT_TRUE(Plays(Home() / "Music" / c.output)) << result.out;
+  for (const auto& output : c.outputs) {
+    EXPECT_TRUE(Plays(Home() / "Music" / output)) << output << "\n" << result.out;
   }
 }
 
@@ -247,47 +258,95 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         LossCase{"EncoderMissing",
                  "Encoder=1\n",
-                 "take1.wav",
+                 {"take1.wav"},
                  {"/usr/bin/env", "PATH=/nonexistent"},
                  1,
                  {"take1 (not encoded).wav"},
-                 ""},
+                 {}},
+        LossCase{"EncoderFailsMidJob",
+                 "Encoder=1\nEncoders=3\n",
+                 {"a.wav", "b.wav", "c.wav"},
+                 {"/usr/bin/env", "PATH=@root/failing:/usr/bin:/bin"},
+                 1,
+                 {"b (not encoded).wav"},
+                 {"Jazz/Anna - a.mp3", "Jazz/Anna - c.mp3"}},
+        LossCase{"CorruptRecordingMidJob",
+                 "Encoder=1\n",
+                 {"a.wav", "!bad.wav", "c.wav"},
+                 {},
+                 1,
+                 {"bad (not encoded).wav"},
+                 {"Jazz/Anna - a.mp3", "Jazz/Anna - c.mp3"}},
         LossCase{
-            "CorruptRecording", "Encoder=1\n", "!bad.wav", {}, 1, {"bad (not encoded).wav"}, ""},
-        LossCase{
-            "UpperCaseExtension", "Encoder=1\n", "LOUD.WAV", {}, 0, {}, "Jazz/Anna - Blue.mp3"},
+            "UpperCaseExtension", "Encoder=1\n", {"LOUD.WAV"}, {}, 0, {}, {"Jazz/Anna - LOUD.mp3"}},
         LossCase{"MissingLogFolder",
                  "Encoder=1\nLogFilePath=@root/no/logs\n",
-                 "take1.wav",
+                 {"take1.wav"},
                  {},
                  0,
                  {},
-                 "Jazz/Anna - Blue.mp3"},
+                 {"Jazz/Anna - take1.mp3"}},
         LossCase{"MissingMusicFolder",
                  "Encoder=1\nMusicPath=@root/nowhere\n",
-                 "take1.wav",
+                 {"take1.wav"},
                  {},
                  1,
                  {"take1 (not encoded).wav"},
-                 ""},
+                 {}},
         // oggenc reports success on a full disk; the tool sees the stream is cut.
         LossCase{"FullDisk",
-                 "Encoder=2\nMusicPath=@root/small\n",
-                 "take1.wav",
+                 "Encoder=2\nMusicPath=@root/small\nEncoders=2\n",
+                 {"take1.wav", "take2.wav"},
                  {"/usr/bin/unshare", "-rm", "sh", "-c",
                   "mount -t tmpfs -o size=12k none @root/small && exec \"$@\"", "sh"},
                  1,
-                 {"take1 (not encoded).wav"},
-                 ""},
+                 {"take1 (not encoded).wav", "take2 (not encoded).wav"},
+                 {}},
         // An output named like its source is not removed by the source's del line.
         LossCase{"OutputBesideSource",
                  "Encoder=1\nMusicPath=@rec\nUseMusicSubfolder=0\nMusicFileTemplate2=take1\n",
-                 "take1.wav",
+                 {"take1.wav"},
                  {},
                  0,
                  {"take1 (2).mp3"},
-                 ""}),
+                 {}}),
     [](const auto& row) { return std::string(row.param.name); });
+
+// Encoders run side by side, never more than the user allows: each start and end of a slowed
+// lame is written down, and at most two may overlap.
+TEST_F(EncodeCommandTest, RunsAsManyEncodersAtATimeAsAllowed) {
+  const fs::path times = Root() / "times";
+  WriteFile(Root() / "bin/lame", "#!/bin/sh\necho \"$(date +%s%N) 1\" >>" + times.string() +
+                                     "\nsleep 0.4\n/usr/bin/lame \"$@\"\nstatus=$?\necho \"$(date "
+                                     "+%s%N) -1\" >>" +
+                                     times.string() + "\nexit $status\n");
+  fs::permissions(Root() / "bin/lame", fs::perms::owner_all);
+  std::vector<std::string> takes;
+  for (int i = 1; i <= 5; ++i) {
+    takes.push_back((recordings / ("take" + std::to_string(i) + ".wav")).string());
+    WriteFile(
+        takes.back(),
+        Recording(
+            {{"IGNR", "Jazz"}, {"IART", "A"}, {"IALB", "L"}, {"INAM", "T" + std::to_string(i)}}));
+  }
+  const auto result =
+      Encode("Encoder=1\nDelTemp=1\nEncoders=2\n", takes, {},
+             {"/usr/bin/env", "PATH=" + (Root() / "bin").string() + ":/usr/bin:/bin"});
+  EXPECT_EQ(result.exit_code, 0) << result.out << result.err;
+  EXPECT_NE(result.out.find("5 of 5 files encoded"), std::string::npos) << result.out;
+  EXPECT_NE(result.out.find("/5 done] encoding take"), std::string::npos) << result.out;
+  std::vector<std::pair<long long, int>> events;
+  std::istringstream lines(ReadFile(times));
+  for (std::pair<long long, int> event; lines >> event.first >> event.second;) {
+    events.push_back(event);
+  }
+  std::sort(events.begin(), events.end());
+  int running = 0;
+  int most = 0;
+  for (const auto& event : events) most = std::max(most, running += event.second);
+  EXPECT_EQ(events.size(), 10u);
+  EXPECT_EQ(most, 2);
+}
 
 TEST_F(EncodeCommandTest, SameNamedOutputsAreRefusedOrNumbered) {
   std::vector<std::string> takes;

@@ -74,7 +74,12 @@ EncoderSlot::EncoderSlot(int count) {
 }
 
 EncoderSlot::~EncoderSlot() {
+  Release();
+}
+
+void EncoderSlot::Release() {
   if (fd_ >= 0) close(fd_);
+  fd_ = -1;
 }
 
 }  // namespace wavforge::encode_tool

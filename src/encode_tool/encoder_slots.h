@@ -20,6 +20,10 @@ class EncoderSlot {
   EncoderSlot& operator=(const EncoderSlot&) = delete;
   ~EncoderSlot();
 
+  // Frees the place once the encoder has ended: checking and placing its output uses the disk,
+  // not a core, and the next encoder need not wait for that.
+  void Release();
+
  private:
   int fd_ = -1;
 };

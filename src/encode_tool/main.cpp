@@ -96,7 +96,7 @@ struct Work {
 
 // Runs the encoder and puts its output in place; "" or why it failed.
 std::string Encode(const Request& request, const Work& work, platform::BinaryFileOpener& files,
-                   ToolLog& log, std::string& placed) {
+                   ToolLog& log, EncoderSlot& slot, std::string& placed) {
   std::string error;
   const std::string temporary =
       CreateTemporaryOutput(SourceFolder(work.stem), request.extension, error);
@@ -104,6 +104,7 @@ std::string Encode(const Request& request, const Work& work, platform::BinaryFil
     error = RunEncoder(FillArguments(request.encoder, work.input, temporary, work.tags),
                        log.Descriptor());
   }
+  slot.Release();
   if (error.empty()) error = CheckOutput(temporary, request.extension, work.seconds, files);
   if (error.empty() && request.normalize) {
     if (std::rename(temporary.c_str(), work.source.c_str()) == 0)
@@ -118,9 +119,9 @@ std::string Encode(const Request& request, const Work& work, platform::BinaryFil
 }
 
 int Finish(const Request& request, const Work& work, platform::BinaryFileOpener& files,
-           ToolLog& log) {
+           ToolLog& log, EncoderSlot& slot) {
   std::string placed;
-  const std::string error = Encode(request, work, files, log, placed);
+  const std::string error = Encode(request, work, files, log, slot, placed);
   const bool held = work.input != work.source;
   if (!error.empty()) {
     if (request.normalize) {
@@ -171,23 +172,23 @@ int Run(const Request& request) {
   Settings settings;
   SettingsLoader(ports).LoadSettings(settings);
   if (!request.normalize) work.stem = OutputPath(settings, work.tags, ports.files);
-  const EncoderSlot slot(EncodersAtATime(GetProfileText(
-      ports.profiles, settings.SettingsFile, "Options", "Encoders", "", kSettingTextCapacity)));
+  EncoderSlot slot(EncodersAtATime(GetProfileText(ports.profiles, settings.SettingsFile, "Options",
+                                                  "Encoders", "", kSettingTextCapacity)));
 
   // Normalising stays in step with the script: the encoder line after it reads its result.
   // While it runs it holds a place, so the cores stay as busy as with a worker of its own.
-  if (request.normalize) return Finish(request, work, ports.binary_files, log);
+  if (request.normalize) return Finish(request, work, ports.binary_files, log, slot);
 
   // The encoder runs after we return, on a second name of the recording that the del line
   // after us cannot reach. Where no second name can be made, it runs here as before.
   work.input = HoldSource(*source);
   if (work.input.empty()) {
     work.input = *source;
-    return Finish(request, work, ports.binary_files, log);
+    return Finish(request, work, ports.binary_files, log, slot);
   }
-  const auto in_background = [&] { Finish(request, work, ports.binary_files, log); };
+  const auto in_background = [&] { Finish(request, work, ports.binary_files, log, slot); };
   if (RunInBackground(kJobTitle, in_background)) return 0;
-  return Finish(request, work, ports.binary_files, log);
+  return Finish(request, work, ports.binary_files, log, slot);
 }
 
 }  // namespace

@@ -77,6 +77,11 @@ void LookForOutputs(const platform::Ports& ports, const JobPlan& plan,
   }
 }
 
+// The second name wavforge-encode gives a recording while its encoder runs.
+std::string HoldOf(const std::string& source) {
+  return BasePath(source) + " (encoding)" + source.substr(source.size() - 4);
+}
+
 // The files whose encoders run now: the tool keeps a second name of each recording while its
 // encoder runs. A step without one (normalising, a tool of another fix file) shows as the first
 // file not done.
@@ -88,8 +93,7 @@ std::vector<std::string> BeingEncoded(const platform::Ports& ports, const JobPla
     if (results[i].done) continue;
     const std::string& source = plan.files[i].source;
     if (!first_open) first_open = &plan.files[i];
-    const std::string hold = BasePath(source) + " (encoding)" + source.substr(source.size() - 4);
-    if (ports.files.FileSize(hold)) names.push_back(FileTitle(source));
+    if (ports.files.FileSize(HoldOf(source))) names.push_back(FileTitle(source));
   }
   if (names.empty() && first_open) names.push_back(FileTitle(first_open->source));
   return names;
@@ -166,7 +170,10 @@ int FollowJob(const platform::Ports& ports, const JobOutcome& job, const JobPlan
       out << "failed " << file.source << ": " << result.failure << '\n';
     } else if (file.through_tool && !result.done) {
       out << "failed " << file.source << ": wavforge-encode did not report (see " << tools_log
-          << ")\n";
+          << ")";
+      const std::string hold = HoldOf(file.source);
+      if (ports.files.FileSize(hold)) out << "; the recording is kept as " << hold;
+      out << '\n';
     } else if (result.output.empty() || !ports.files.FileSize(result.output)) {
       out << "missing " << (file.output.empty() ? job.files[i].output_path : file.output)
           << " (from " << file.source << ")\n";

@@ -223,10 +223,12 @@ TEST_P(EncodeLossTest, KeepsTheRecordingOrWritesACompleteOutput) {
                 : Recording({{"IGNR", "Jazz"}, {"IART", "Anna"}, {"IALB", "L"}, {"INAM", title}}));
     job.push_back((recordings / file).string());
   }
-  // An encoder that fails for the recording titled "b" only.
+  // An encoder that fails for the recording titled "b" and, for "k", ends the tool that runs it
+  // as a crash or a power cut would.
   WriteFile(
       Root() / "failing/lame",
-      "#!/bin/sh\ncase \" $* \" in *\" --tt b \"*) exit 3;; esac\nexec /usr/bin/lame \"$@\"\n");
+      "#!/bin/sh\ncase \" $* \" in *\" --tt b \"*) exit 3;; *\" --tt k \"*) kill -KILL $PPID;; "
+      "esac\nexec /usr/bin/lame \"$@\"\n");
   fs::permissions(Root() / "failing/lame", fs::perms::owner_all);
   std::string settings = c.settings;
   for (const auto& [key, path] : {std::pair{"@root", Root()}, std::pair{"@rec", recordings}}) {
@@ -269,6 +271,13 @@ INSTANTIATE_TEST_SUITE_P(
                  {"/usr/bin/env", "PATH=@root/failing:/usr/bin:/bin"},
                  1,
                  {"b (not encoded).wav"},
+                 {"Jazz/Anna - a.mp3", "Jazz/Anna - c.mp3"}},
+        LossCase{"ToolKilledMidJob",
+                 "Encoder=1\nEncoders=3\n",
+                 {"a.wav", "k.wav", "c.wav"},
+                 {"/usr/bin/env", "PATH=@root/failing:/usr/bin:/bin"},
+                 1,
+                 {"k (encoding).wav"},
                  {"Jazz/Anna - a.mp3", "Jazz/Anna - c.mp3"}},
         LossCase{"CorruptRecordingMidJob",
                  "Encoder=1\n",

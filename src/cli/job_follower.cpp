@@ -18,6 +18,9 @@ using Clock = std::chrono::steady_clock;
 // Finer than the window's quarter second: a terminal waiting for the end should not lose up to
 // 250 ms per job. Each tick is the same test the window makes.
 constexpr auto kTick = std::chrono::milliseconds(50);
+// Once every file has its verdict only the tools' ends are left, which follow within
+// milliseconds: looking more often then saves most of a tick at the end of every job.
+constexpr auto kLastTick = std::chrono::milliseconds(5);
 // A script that has not shown itself by then will not run at all.
 constexpr auto kStartTimeout = std::chrono::seconds(10);
 
@@ -158,7 +161,7 @@ int FollowJob(const platform::Ports& ports, const JobOutcome& job, const JobPlan
       err << "wavforge-cli: the job script " << job.script_path << " did not start\n";
       return 2;
     }
-    std::this_thread::sleep_for(kTick);
+    std::this_thread::sleep_for(done == plan.files.size() ? kLastTick : kTick);
   }
 
   if (!line_shown.empty()) out << '\n';

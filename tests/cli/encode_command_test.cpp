@@ -225,10 +225,10 @@ TEST_P(EncodeLossTest, KeepsTheRecordingOrWritesACompleteOutput) {
   }
   // An encoder that fails for the recording titled "b" and, for "k", ends the tool that runs it
   // as a crash or a power cut would.
-  WriteFile(
-      Root() / "failing/lame",
-      "#!/bin/sh\ncase \" $* \" in *\" --tt b \"*) exit 3;; *\" --tt k \"*) kill -KILL $PPID;; "
-      "esac\nexec /usr/bin/lame \"$@\"\n");
+  WriteFile(Root() / "failing/lame",
+            "#!/bin/sh\ncase \" $* \" in *\" --tt b \"*) exit 3;; *\" --tt k \"*) kill -KILL "
+            "$PPID; exit 1;; "
+            "esac\nexec /usr/bin/lame \"$@\"\n");
   fs::permissions(Root() / "failing/lame", fs::perms::owner_all);
   std::string settings = c.settings;
   for (const auto& [key, path] : {std::pair{"@root", Root()}, std::pair{"@rec", recordings}}) {
@@ -253,6 +253,16 @@ TEST_P(EncodeLossTest, KeepsTheRecordingOrWritesACompleteOutput) {
   for (const auto& output : c.outputs) {
     EXPECT_TRUE(Plays(Home() / "Music" / output)) << output << "\n" << result.out;
   }
+  // Nothing else in the music folder but the temporary file of a tool that was killed.
+  auto music = Names(Home() / "Music");
+  const auto temporaries = std::erase_if(
+      music, [](const std::string& name) { return name.find(".wavforge-") != std::string::npos; });
+  const auto killed = std::count_if(c.left.begin(), c.left.end(), [](const std::string& name) {
+    return name.find(" (encoding)") != std::string::npos;
+  });
+  EXPECT_EQ(temporaries, static_cast<std::size_t>(killed));
+  std::sort(c.outputs.begin(), c.outputs.end());
+  EXPECT_EQ(music, c.outputs);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -23,6 +23,7 @@ class NoProcesses final : public platform::Processes {
   void ShellExecute(const std::string&, const std::string&, const std::string&, int) override {
     ++scripts_;
   }
+  bool CanElevate() const override { return false; }
   int scripts() const { return scripts_; }
 
  private:

@@ -39,6 +39,10 @@ class CountingUserInterface final : public platform::UserInterface {
  public:
   void MessageBox(const std::string& text, int, const std::string&) override { last_ = text; }
   void Beep() override {}
+  bool AskYesNo(const std::string& text, int, const std::string&) override {
+    last_ = text;
+    return false;
+  }
   // Nothing on a screen: no pointer to change, no dialog to answer.
   int MousePointer() const override { return pointer_; }
   void SetMousePointer(int code) override { pointer_ = code; }

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Builds the release preset and runs every benchmark: wavforge_bench (a job over 10,000
 # recordings against plain reading, one tick of the job watch) and scripts/bench_encode.sh
-# (real MP3 encoding through the program against lame alone). Neither touches your home.
+# (real MP3 and Ogg encoding through the program, against its serial job and against
+# `xargs -P<cores>` running the encoders alone). Neither touches your home.
 # Arguments go to wavforge_bench, e.g. --benchmark_filter=JobWatch or --recordings=1000.
 set -euo pipefail
 cd "$(dirname "$0")/.."

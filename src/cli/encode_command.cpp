@@ -1,5 +1,8 @@
 #include "cli/encode_command.h"
 
+#include <sys/ioctl.h>
+#include <unistd.h>
+
 #include <filesystem>
 
 #include "cli/dry_run_ports.h"
@@ -14,6 +17,14 @@ namespace wavforge::cli {
 namespace {
 
 constexpr int kRefused = 2;
+
+// The width of the terminal on standard output; 0 when it is none.
+std::size_t TerminalWidth() {
+  if (!isatty(STDOUT_FILENO)) return 0;
+  winsize size{};
+  if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) return size.ws_col - 1;
+  return 79;
+}
 
 }  // namespace
 
@@ -70,7 +81,7 @@ int RunEncode(const platform::Ports& ports, const std::vector<std::string>& file
   }
   out << outcome.script_path << '\n';
   if (!options.wait) return 0;
-  return FollowJob(ports, outcome, plan, tools_log, log_offset, out, err);
+  return FollowJob(ports, outcome, plan, tools_log, log_offset, TerminalWidth(), out, err);
 }
 
 }  // namespace wavforge::cli

@@ -5,6 +5,7 @@
 #include <optional>
 #include <thread>
 
+#include "cli/progress_line.h"
 #include "encoding/job_watch.h"
 #include "encoding/log_quoting.h"
 #include "encoding/media_duration.h"
@@ -17,6 +18,9 @@ using Clock = std::chrono::steady_clock;
 // Finer than the window's quarter second: a terminal waiting for the end should not lose up to
 // 250 ms per job. Each tick is the same test the window makes.
 constexpr auto kTick = std::chrono::milliseconds(50);
+// Once every file has its verdict only the tools' ends are left, which follow within
+// milliseconds: looking more often then saves most of a tick at the end of every job.
+constexpr auto kLastTick = std::chrono::milliseconds(5);
 // A script that has not shown itself by then will not run at all.
 constexpr auto kStartTimeout = std::chrono::seconds(10);
 
@@ -76,11 +80,48 @@ void LookForOutputs(const platform::Ports& ports, const JobPlan& plan,
   }
 }
 
+// The second name wavforge-encode gives a recording while its encoder runs.
+std::string HoldOf(const std::string& source) {
+  return BasePath(source) + " (encoding)" + source.substr(source.size() - 4);
+}
+
+// The files whose encoders run now: the tool keeps a second name of each recording while its
+// encoder runs. A step without one (normalising, a tool of another fix file) shows as the first
+// file not done.
+std::vector<std::string> BeingEncoded(const platform::Ports& ports, const JobPlan& plan,
+                                      const std::vector<Result>& results) {
+  std::vector<std::string> names;
+  const PlannedFile* first_open = nullptr;
+  for (std::size_t i = 0; i < plan.files.size(); ++i) {
+    if (results[i].done) continue;
+    const std::string& source = plan.files[i].source;
+    if (!first_open) first_open = &plan.files[i];
+    if (ports.files.FileSize(HoldOf(source))) names.push_back(FileTitle(source));
+  }
+  if (names.empty() && first_open) names.push_back(FileTitle(first_open->source));
+  return names;
+}
+
+// How far the job is, by how long the finished recordings play (by their count where some
+// length is not known).
+std::pair<double, double> DoneAndTotal(const JobPlan& plan, const std::vector<Result>& results) {
+  bool all_known = true;
+  for (const auto& file : plan.files) all_known = all_known && file.seconds.has_value();
+  double done = 0;
+  double total = 0;
+  for (std::size_t i = 0; i < plan.files.size(); ++i) {
+    const double weight = all_known ? *plan.files[i].seconds : 1.0;
+    total += weight;
+    if (results[i].done) done += weight;
+  }
+  return {done, total};
+}
+
 }  // namespace
 
 int FollowJob(const platform::Ports& ports, const JobOutcome& job, const JobPlan& plan,
-              const std::string& tools_log, std::uint64_t log_offset, std::ostream& out,
-              std::ostream& err) {
+              const std::string& tools_log, std::uint64_t log_offset, std::size_t terminal_width,
+              std::ostream& out, std::ostream& err) {
   JobWatch watch(ports.windows);
   SilentView view;
   const FileList no_selection;
@@ -88,17 +129,31 @@ int FollowJob(const platform::Ports& ports, const JobOutcome& job, const JobPlan
   bool seen = false;
   std::vector<Result> results(plan.files.size());
   std::size_t shown = plan.files.size() + 1;  // nothing shown yet
+  std::string line_shown;
   while (true) {
     const bool running = watch.Tick(no_selection, view);
     seen = seen || running;
     ReadToolLines(tools_log, log_offset, plan, results);
     LookForOutputs(ports, plan, results);
     std::size_t done = 0;
-    while (done < results.size() && results[done].done) ++done;
-    if (running && done < plan.files.size() && done != shown) {
+    for (const auto& result : results) done += result.done ? 1 : 0;
+    if (running && done < plan.files.size() && (terminal_width != 0 || done != shown)) {
+      const auto elapsed = Clock::now() - started;
+      const auto [done_weight, total_weight] = DoneAndTotal(plan, results);
+      const std::string line =
+          ProgressLine(done, plan.files.size(), BeingEncoded(ports, plan, results),
+                       std::chrono::duration_cast<std::chrono::seconds>(elapsed),
+                       TimeLeft(elapsed, done_weight, total_weight), terminal_width);
+      if (terminal_width == 0) {
+        out << line << std::endl;
+      } else if (line != line_shown) {
+        // One line, rewritten in place; spaces wipe what a longer line left.
+        const std::size_t wipe =
+            line_shown.size() > line.size() ? line_shown.size() - line.size() : 0;
+        out << '\r' << line << std::string(wipe, ' ') << std::flush;
+        line_shown = line;
+      }
       shown = done;
-      out << "[" << done << "/" << plan.files.size() << " done] encoding "
-          << FileTitle(plan.files[done].source) << std::endl;
     }
     const bool script_left = ports.files.FileSize(job.script_path).has_value();
     if (!running && (seen || !script_left)) break;
@@ -106,9 +161,10 @@ int FollowJob(const platform::Ports& ports, const JobOutcome& job, const JobPlan
       err << "wavforge-cli: the job script " << job.script_path << " did not start\n";
       return 2;
     }
-    std::this_thread::sleep_for(kTick);
+    std::this_thread::sleep_for(done == plan.files.size() ? kLastTick : kTick);
   }
 
+  if (!line_shown.empty()) out << '\n';
   std::size_t failed = 0;
   for (std::size_t i = 0; i < plan.files.size(); ++i) {
     const PlannedFile& file = plan.files[i];
@@ -117,7 +173,10 @@ int FollowJob(const platform::Ports& ports, const JobOutcome& job, const JobPlan
       out << "failed " << file.source << ": " << result.failure << '\n';
     } else if (file.through_tool && !result.done) {
       out << "failed " << file.source << ": wavforge-encode did not report (see " << tools_log
-          << ")\n";
+          << ")";
+      const std::string hold = HoldOf(file.source);
+      if (ports.files.FileSize(hold)) out << "; the recording is kept as " << hold;
+      out << '\n';
     } else if (result.output.empty() || !ports.files.FileSize(result.output)) {
       out << "missing " << (file.output.empty() ? job.files[i].output_path : file.output)
           << " (from " << file.source << ")\n";

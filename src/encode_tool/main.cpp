@@ -1,8 +1,11 @@
 // wavforge-encode: runs one encoder for one recording of a job so that no recording is lost.
-// The job script's next line may delete the source, so this tool only returns success once a
-// complete output is in place under a name nothing of the job removes, and on failure moves
-// the source out of that line's reach. Tags are read here from the recording itself, so no
-// tag text ever stands in the script.
+// The job script's next line may delete the source, so before this tool returns the recording
+// has a second name out of that line's reach (or, where none can be made, a complete output is
+// in place). The encoder then runs in the background, at most as many at a time as the user
+// allows (one per core by default), so the job uses the whole machine; its output is moved into
+// place only when complete, never over a file, and on failure the recording is kept under a
+// name no del line of the job reaches. Tags are read here from the recording itself, so no tag
+// text ever stands in the script. Normalising runs in step with the script.
 //
 //   wavforge-encode SOURCE_BASE TOOLS_LOG EXTENSION ENCODER [ARGUMENT...]
 //   wavforge-encode --normalize SOURCE_BASE TOOLS_LOG ENCODER [ARGUMENT...]
@@ -17,9 +20,12 @@
 #include <vector>
 
 #include "encode_tool/argument_tokens.h"
+#include "encode_tool/background_worker.h"
 #include "encode_tool/encoder_run.h"
+#include "encode_tool/encoder_slots.h"
 #include "encode_tool/safe_output.h"
 #include "encode_tool/tool_log.h"
+#include "encoding/job_watch.h"
 #include "encoding/log_quoting.h"
 #include "encoding/media_duration.h"
 #include "encoding/output_path.h"
@@ -28,6 +34,7 @@
 #include "platform/posix/posix_platform.h"
 #include "settings/load_settings.h"
 #include "settings/product.h"
+#include "settings/profile_values.h"
 
 namespace {
 
@@ -36,6 +43,8 @@ using namespace wavforge::encode_tool;
 
 constexpr int kFailed = 1;
 constexpr int kUsage = 2;
+// The job's console title, which the job watch looks for.
+constexpr const char* kJobTitle = kWatchedTitles.back();
 
 struct Request {
   bool normalize = false;
@@ -76,6 +85,62 @@ std::string CheckOutput(const std::string& path, const std::string& extension,
   return {};
 }
 
+// Where the encoding of one recording stands once its output name is known.
+struct Work {
+  std::string source;  // the recording as the job names it
+  std::string input;   // what the encoder reads: the source, or its hold
+  std::string stem;    // the output without extension
+  TrackTags tags;
+  std::optional<double> seconds;
+};
+
+// Runs the encoder and puts its output in place; "" or why it failed.
+std::string Encode(const Request& request, const Work& work, platform::BinaryFileOpener& files,
+                   ToolLog& log, EncoderSlot& slot, std::string& placed) {
+  std::string error;
+  const std::string temporary =
+      CreateTemporaryOutput(SourceFolder(work.stem), request.extension, error);
+  if (error.empty()) {
+    error = RunEncoder(FillArguments(request.encoder, work.input, temporary, work.tags),
+                       log.Descriptor());
+  }
+  slot.Release();
+  if (error.empty()) error = CheckOutput(temporary, request.extension, work.seconds, files);
+  if (error.empty() && request.normalize) {
+    if (std::rename(temporary.c_str(), work.source.c_str()) == 0)
+      placed = work.source;
+    else
+      error = "the normalised recording could not replace the original";
+  } else if (error.empty()) {
+    placed = PlaceOutput(temporary, work.stem, request.extension, work.source, error);
+  }
+  if (!error.empty() && !temporary.empty()) unlink(temporary.c_str());
+  return error;
+}
+
+int Finish(const Request& request, const Work& work, platform::BinaryFileOpener& files,
+           ToolLog& log, EncoderSlot& slot) {
+  std::string placed;
+  const std::string error = Encode(request, work, files, log, slot, placed);
+  const bool held = work.input != work.source;
+  if (!error.empty()) {
+    if (request.normalize) {
+      log.Line("could not normalise " + QuoteForLog(work.source) + ": " + error +
+               "; the recording is unchanged");
+    } else {
+      log.Line("could not encode " + QuoteForLog(work.source) + ": " + error +
+               "; the recording is kept as " +
+               QuoteForLog(KeepSource(work.source, held ? work.input : std::string())));
+    }
+    return kFailed;
+  }
+  if (held) unlink(work.input.c_str());
+  log.Line(request.normalize
+               ? "normalised " + QuoteForLog(work.source)
+               : "encoded " + QuoteForLog(work.source) + " as " + QuoteForLog(placed));
+  return 0;
+}
+
 int Run(const Request& request) {
   platform::posix::PosixPlatform system(kProductName);
   const platform::Ports& ports = system.ports();
@@ -87,15 +152,15 @@ int Run(const Request& request) {
              ": the recording does not exist");
     return kFailed;
   }
-  const TrackTags tags = ReadTagsWithNameFallback(ports.binary_files, *source);
-  std::optional<double> source_seconds;
+  Work work{*source, *source, BasePath(*source),
+            ReadTagsWithNameFallback(ports.binary_files, *source), std::nullopt};
   if (auto file = ports.binary_files.OpenForReading(*source)) {
-    source_seconds = PlayingSeconds(*file, "wav", true);
+    work.seconds = PlayingSeconds(*file, "wav", true);
   }
 
   // Nothing is run on a file whose audio we cannot measure: an encoder may take garbage for raw
   // samples and "succeed", and the source would then be deleted for noise.
-  if (!source_seconds) {
+  if (!work.seconds) {
     log.Line("could not encode " + QuoteForLog(*source) +
              ": it is not a WAV recording that can be read" +
              (request.normalize
@@ -104,44 +169,26 @@ int Run(const Request& request) {
     return kFailed;
   }
 
-  std::string stem = BasePath(*source);
-  if (!request.normalize) {
-    Settings settings;
-    SettingsLoader(ports).LoadSettings(settings);
-    stem = OutputPath(settings, tags, ports.files);
-  }
+  Settings settings;
+  SettingsLoader(ports).LoadSettings(settings);
+  if (!request.normalize) work.stem = OutputPath(settings, work.tags, ports.files);
+  EncoderSlot slot(EncodersAtATime(GetProfileText(ports.profiles, settings.SettingsFile, "Options",
+                                                  "Encoders", "", kSettingTextCapacity)));
 
-  std::string error;
-  std::string temporary = CreateTemporaryOutput(SourceFolder(stem), request.extension, error);
-  if (error.empty()) {
-    error = RunEncoder(FillArguments(request.encoder, *source, temporary, tags), log.Descriptor());
-  }
-  if (error.empty())
-    error = CheckOutput(temporary, request.extension, source_seconds, ports.binary_files);
+  // Normalising stays in step with the script: the encoder line after it reads its result.
+  // While it runs it holds a place, so the cores stay as busy as with a worker of its own.
+  if (request.normalize) return Finish(request, work, ports.binary_files, log, slot);
 
-  std::string placed;
-  if (error.empty() && request.normalize) {
-    if (std::rename(temporary.c_str(), source->c_str()) == 0)
-      placed = *source;
-    else
-      error = "the normalised recording could not replace the original";
-  } else if (error.empty()) {
-    placed = PlaceOutput(temporary, stem, request.extension, *source, error);
+  // The encoder runs after we return, on a second name of the recording that the del line
+  // after us cannot reach. Where no second name can be made, it runs here as before.
+  work.input = HoldSource(*source);
+  if (work.input.empty()) {
+    work.input = *source;
+    return Finish(request, work, ports.binary_files, log, slot);
   }
-  if (!error.empty()) {
-    if (!temporary.empty()) unlink(temporary.c_str());
-    if (request.normalize) {
-      log.Line("could not normalise " + QuoteForLog(*source) + ": " + error +
-               "; the recording is unchanged");
-    } else {
-      log.Line("could not encode " + QuoteForLog(*source) + ": " + error +
-               "; the recording is kept as " + QuoteForLog(KeepSource(*source)));
-    }
-    return kFailed;
-  }
-  log.Line(request.normalize ? "normalised " + QuoteForLog(*source)
-                             : "encoded " + QuoteForLog(*source) + " as " + QuoteForLog(placed));
-  return 0;
+  const auto in_background = [&] { Finish(request, work, ports.binary_files, log, slot); };
+  if (RunInBackground(kJobTitle, in_background)) return 0;
+  return Finish(request, work, ports.binary_files, log, slot);
 }
 
 }  // namespace

@@ -99,16 +99,38 @@ std::string PlaceOutput(const std::string& temporary, const std::string& stem,
   return {};
 }
 
-std::string KeepSource(const std::string& source) {
+std::string HoldSource(const std::string& source) {
+  const std::string extension = source.substr(source.size() - 4);
+  const std::string hold = BasePath(source) + " (encoding)";
+  for (int number = 1; number <= kMostNumbers; ++number) {
+    const std::string candidate = Numbered(hold, number, "") + extension;
+    if (link(source.c_str(), candidate.c_str()) == 0) return candidate;
+    if (errno != EEXIST) break;
+  }
+  return {};
+}
+
+std::string KeepSource(const std::string& source, const std::string& held) {
+  const std::string& current = held.empty() ? source : held;
   const std::string extension = source.substr(source.size() - 4);
   const std::string kept = BasePath(source) + " (not encoded)";
   for (int number = 1; number <= kMostNumbers; ++number) {
     const std::string candidate = Numbered(kept, number, "") + extension;
-    const int failure = RenameNoReplace(source, candidate);
-    if (failure == 0) return candidate;
+    const int failure = RenameNoReplace(current, candidate);
+    if (failure == 0) {
+      // Only after the kept name exists: the del line may run at any moment.
+      struct stat original {};
+      struct stat kept_file {};
+      if (!held.empty() && lstat(source.c_str(), &original) == 0 &&
+          stat(candidate.c_str(), &kept_file) == 0 && original.st_dev == kept_file.st_dev &&
+          original.st_ino == kept_file.st_ino) {
+        unlink(source.c_str());
+      }
+      return candidate;
+    }
     if (failure != EEXIST) break;
   }
-  return source;
+  return current;
 }
 
 }  // namespace wavforge::encode_tool

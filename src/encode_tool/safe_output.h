@@ -23,8 +23,16 @@ std::string PlaceOutput(const std::string& temporary, const std::string& stem,
                         const std::string& extension, const std::string& source,
                         std::string& error);
 
-// Renames a source that could not be encoded to "<name> (not encoded).wav" beside it, out of
-// reach of the del line that follows; returns the new path, or the old one when that fails.
-std::string KeepSource(const std::string& source);
+// A second name for a recording while its encoder runs after the tool has returned:
+// "<name> (encoding).wav" beside it (a hard link), which the del line that follows cannot reach,
+// so the recording outlives that line, a crash or a power cut where the user looks for it.
+// "" when the file system allows no second name.
+std::string HoldSource(const std::string& source);
+
+// Renames a source that could not be encoded (or its hold, when held is given) to
+// "<name> (not encoded).wav" beside it, out of reach of the del line that follows; a source
+// name that still names the held file is then removed, so one name is left as without a hold.
+// Returns the new path, or the old one when that fails.
+std::string KeepSource(const std::string& source, const std::string& held = {});
 
 }  // namespace wavforge::encode_tool

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -154,23 +156,24 @@ INSTANTIATE_TEST_SUITE_P(
                       FormatCase{"Wma48", 4, ".wma", "wmav2", "48000", "WMA48"}),
     [](const auto& row) { return std::string(row.param.name); });
 
-// The ways a recording used to be lost. Each ends with a complete output in place or the
-// recording kept, and nothing else in its folder touched.
+// The ways a recording used to be lost, with the encoders of a job running side by side. Each
+// ends with a complete output in place or the recording kept, and nothing else in its folder
+// touched.
 struct LossCase {
   const char* name;
   std::string settings;
-  std::string file;                 // in the recordings folder; "!" + name: not a WAV at all
+  std::vector<std::string> files;   // in the recordings folder; "!" + name: not a WAV at all
   std::vector<std::string> prefix;  // before the command
   int exit_code;
-  std::vector<std::string> left;  // in the recordings folder, besides notes.txt
-  std::string output;             // under the music folder, complete; "" for none
-  std::string says = "";          // in the report of --wait
-  std::string mp3 = "";           // the MP3 template of the fix file instead of the shipped one
+  std::vector<std::string> left;     // in the recordings folder, besides notes.txt
+  std::vector<std::string> outputs;  // under the music folder, complete
+  std::string says = "";             // in the report of --wait
+  std::string mp3 = "";              // the MP3 template of the fix file instead of the shipped one
 };
 
 // Encoders run through the tool in place of the MP3 template: each time the recording is kept.
 LossCase Kept(const char* name, std::string mp3, std::string says) {
-  return {name, "Encoder=1\n", "take1.wav", {}, 1, {"take1 (not encoded).wav"}, "", says, mp3};
+  return {name, "Encoder=1\n", {"take1.wav"}, {}, 1, {"take1 (not encoded).wav"}, {}, says, mp3};
 }
 
 class EncodeLossTest : public EncodeCommandTest, public ::testing::WithParamInterface<LossCase> {};
@@ -180,12 +183,24 @@ TEST_P(EncodeLossTest, KeepsTheRecordingOrWritesACompleteOutput) {
   WriteFile(recordings / "notes.txt", "bystander");
   fs::remove(recordings / "take1.wav");
   fs::remove(recordings / "Band - Song.wav");
-  const bool garbage = c.file[0] == '!';
-  if (garbage) c.file = c.file.substr(1);
-  WriteFile(recordings / c.file,
-            garbage
-                ? testing_support::RiffChunk("WAVE", "not audio")
-                : Recording({{"IGNR", "Jazz"}, {"IART", "Anna"}, {"IALB", "L"}, {"INAM", "Blue"}}));
+  std::vector<std::string> job;
+  for (auto file : c.files) {
+    const bool garbage = file[0] == '!';
+    if (garbage) file = file.substr(1);
+    const std::string title = fs::path(file).stem().string();
+    WriteFile(
+        recordings / file,
+        garbage ? testing_support::RiffChunk("WAVE", "not audio")
+                : Recording({{"IGNR", "Jazz"}, {"IART", "Anna"}, {"IALB", "L"}, {"INAM", title}}));
+    job.push_back((recordings / file).string());
+  }
+  // An encoder that fails for the recording titled "b" and, for "k", ends the tool that runs it
+  // as a crash or a power cut would.
+  WriteFile(Root() / "failing/lame",
+            "#!/bin/sh\ncase \" $* \" in *\" --tt b \"*) exit 3;; *\" --tt k \"*) kill -KILL "
+            "$PPID; exit 1;; "
+            "esac\nexec /usr/bin/lame \"$@\"\n");
+  fs::permissions(Root() / "failing/lame", fs::perms::owner_all);
   std::string settings = c.settings;
   for (const auto& [key, path] : {std::pair{"@root", Root()}, std::pair{"@rec", recordings}}) {
     for (auto at = settings.find(key); at != std::string::npos; at = settings.find(key)) {
@@ -208,18 +223,25 @@ TEST_P(EncodeLossTest, KeepsTheRecordingOrWritesACompleteOutput) {
                 "MP3=wavforge-encode \"%1\" \"%7\" " + c.mp3 + "\\r\\n");
     WriteFile(program / "LarkspurFix.ini", fix);
   }
-  const auto result =
-      Encode("DelTemp=1\n" + settings, {(recordings / c.file).string()}, {}, c.prefix);
+  const auto result = Encode("DelTemp=1\n" + settings, job, {}, c.prefix);
   EXPECT_EQ(result.exit_code, c.exit_code) << result.out << result.err;
   EXPECT_NE(result.out.find(c.says), std::string::npos) << result.out;
   c.left.push_back("notes.txt");
   std::sort(c.left.begin(), c.left.end());
   EXPECT_EQ(Names(recordings), c.left) << result.out;
-  if (!c.output.empty()) {
-    EXPECT_TRUE(Plays(Home() / "Music" / c.output)) << result.out;
-  } else {
-    EXPECT_EQ(Names(Home() / "Music"), std::vector<std::string>{}) << "a temporary output is left";
+  for (const auto& output : c.outputs) {
+    EXPECT_TRUE(Plays(Home() / "Music" / output)) << output << "\n" << result.out;
   }
+  // Nothing else in the music folder but the temporary file of a tool that was killed.
+  auto music = Names(Home() / "Music");
+  const auto temporaries = std::erase_if(
+      music, [](const std::string& name) { return name.find(".wavforge-") != std::string::npos; });
+  const auto killed = std::count_if(c.left.begin(), c.left.end(), [](const std::string& name) {
+    return name.find(" (encoding)") != std::string::npos;
+  });
+  EXPECT_EQ(temporaries, static_cast<std::size_t>(killed));
+  std::sort(c.outputs.begin(), c.outputs.end());
+  EXPECT_EQ(music, c.outputs);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -227,48 +249,67 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         LossCase{"EncoderMissing",
                  "Encoder=1\n",
-                 "take1.wav",
+                 {"take1.wav"},
                  {"/usr/bin/env", "PATH=/nonexistent"},
                  1,
                  {"take1 (not encoded).wav"},
-                 "",
+                 {},
                  "lame was not found"},
+        LossCase{"EncoderFailsMidJob",
+                 "Encoder=1\nEncoders=3\n",
+                 {"a.wav", "b.wav", "c.wav"},
+                 {"/usr/bin/env", "PATH=@root/failing:/usr/bin:/bin"},
+                 1,
+                 {"b (not encoded).wav"},
+                 {"Jazz/Anna - a.mp3", "Jazz/Anna - c.mp3"}},
+        LossCase{"ToolKilledMidJob",
+                 "Encoder=1\nEncoders=3\n",
+                 {"a.wav", "k.wav", "c.wav"},
+                 {"/usr/bin/env", "PATH=@root/failing:/usr/bin:/bin"},
+                 1,
+                 {"k (encoding).wav"},
+                 {"Jazz/Anna - a.mp3", "Jazz/Anna - c.mp3"}},
+        LossCase{"CorruptRecordingMidJob",
+                 "Encoder=1\n",
+                 {"a.wav", "!bad.wav", "c.wav"},
+                 {},
+                 1,
+                 {"bad (not encoded).wav"},
+                 {"Jazz/Anna - a.mp3", "Jazz/Anna - c.mp3"}},
         LossCase{
-            "CorruptRecording", "Encoder=1\n", "!bad.wav", {}, 1, {"bad (not encoded).wav"}, ""},
-        LossCase{
-            "UpperCaseExtension", "Encoder=1\n", "LOUD.WAV", {}, 0, {}, "Jazz/Anna - Blue.mp3"},
+            "UpperCaseExtension", "Encoder=1\n", {"LOUD.WAV"}, {}, 0, {}, {"Jazz/Anna - LOUD.mp3"}},
         LossCase{"MissingLogFolder",
                  "Encoder=1\nLogFilePath=@root/no/logs\n",
-                 "take1.wav",
+                 {"take1.wav"},
                  {},
                  0,
                  {},
-                 "Jazz/Anna - Blue.mp3"},
+                 {"Jazz/Anna - take1.mp3"}},
         LossCase{"MissingMusicFolder",
                  "Encoder=1\nMusicPath=@root/nowhere\n",
-                 "take1.wav",
+                 {"take1.wav"},
                  {},
                  1,
                  {"take1 (not encoded).wav"},
-                 ""},
+                 {}},
         // oggenc reports success on a full disk; the tool sees the stream is cut.
         LossCase{"FullDisk",
-                 "Encoder=2\nMusicPath=@root/small\n",
-                 "take1.wav",
+                 "Encoder=2\nMusicPath=@root/small\nEncoders=2\n",
+                 {"take1.wav", "take2.wav"},
                  {"/usr/bin/unshare", "-rm", "sh", "-c",
                   "mount -t tmpfs -o size=12k none @root/small && exec \"$@\"", "sh"},
                  1,
-                 {"take1 (not encoded).wav"},
-                 ""},
+                 {"take1 (not encoded).wav", "take2 (not encoded).wav"},
+                 {}},
         // An output named like its source, in any letter case, is not removed by the source's
         // del line.
         LossCase{"OutputBesideSource",
                  "Encoder=1\nMusicPath=@rec\nUseMusicSubfolder=0\nMusicFileTemplate2=TAKE1\n",
-                 "take1.wav",
+                 {"take1.wav"},
                  {},
                  0,
                  {"TAKE1 (2).mp3"},
-                 ""},
+                 {}},
         // Encoders that leave a cut or short output, or fail after writing a whole one.
         Kept("CutMp3", R"(mp3 sh -c "lame --quiet $0 $1 && truncate -s -100 $1" {in} {out})",
              "incomplete"),
@@ -282,6 +323,42 @@ INSTANTIATE_TEST_SUITE_P(
         Kept("EncoderFailsAfterWriting", R"(wav sh -c "sox $0 $1; exit 3" {in} {out})",
              "exit code 3")),
     [](const auto& row) { return std::string(row.param.name); });
+
+// Encoders run side by side, never more than the user allows: each start and end of a slowed
+// lame is written down, and at most two may overlap.
+TEST_F(EncodeCommandTest, RunsAsManyEncodersAtATimeAsAllowed) {
+  const fs::path times = Root() / "times";
+  WriteFile(Root() / "bin/lame", "#!/bin/sh\necho \"$(date +%s%N) 1\" >>" + times.string() +
+                                     "\nsleep 0.4\n/usr/bin/lame \"$@\"\nstatus=$?\necho \"$(date "
+                                     "+%s%N) -1\" >>" +
+                                     times.string() + "\nexit $status\n");
+  fs::permissions(Root() / "bin/lame", fs::perms::owner_all);
+  std::vector<std::string> takes;
+  for (int i = 1; i <= 5; ++i) {
+    takes.push_back((recordings / ("take" + std::to_string(i) + ".wav")).string());
+    WriteFile(
+        takes.back(),
+        Recording(
+            {{"IGNR", "Jazz"}, {"IART", "A"}, {"IALB", "L"}, {"INAM", "T" + std::to_string(i)}}));
+  }
+  const auto result =
+      Encode("Encoder=1\nDelTemp=1\nEncoders=2\n", takes, {},
+             {"/usr/bin/env", "PATH=" + (Root() / "bin").string() + ":/usr/bin:/bin"});
+  EXPECT_EQ(result.exit_code, 0) << result.out << result.err;
+  EXPECT_NE(result.out.find("5 of 5 files encoded"), std::string::npos) << result.out;
+  EXPECT_NE(result.out.find("/5 done] encoding take"), std::string::npos) << result.out;
+  std::vector<std::pair<long long, int>> events;
+  std::istringstream lines(ReadFile(times));
+  for (std::pair<long long, int> event; lines >> event.first >> event.second;) {
+    events.push_back(event);
+  }
+  std::sort(events.begin(), events.end());
+  int running = 0;
+  int most = 0;
+  for (const auto& event : events) most = std::max(most, running += event.second);
+  EXPECT_EQ(events.size(), 10u);
+  EXPECT_EQ(most, 2);
+}
 
 TEST_F(EncodeCommandTest, SameNamedOutputsAreRefusedOrNumbered) {
   std::vector<std::string> takes;

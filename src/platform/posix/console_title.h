@@ -8,7 +8,8 @@
 // The console title of a running wavforge-cmd, kept where other processes of the same user can
 // read it: a process has no window on Linux, so the window search asks here instead.
 //
-// Each interpreter owns one file named after its process id in the title folder; it holds the
+// Each interpreter (and each background encoder of wavforge-encode, which keeps the job's title
+// until it ends) owns one file named after its process id in the title folder; it holds the
 // title's bytes and nothing else. The folder is $XDG_RUNTIME_DIR/wavforge-titles, or
 // ${TMPDIR:-/tmp}/wavforge-titles-<uid> when there is no runtime folder.
 namespace platform::posix {

@@ -28,7 +28,8 @@ pid_t ProcessIdOf(const char* name) {
   return pid;
 }
 
-// Whether pid is still one of our interpreters, from /proc/<pid>/stat: one read gives its name
+// Whether pid is still one of our interpreters or encoding tools (whose background encoders
+// keep the job's title while they run), from /proc/<pid>/stat: one read gives its name
 // and whether it has ended, the file's owner is the process's user. A title only counts while
 // its writer runs: an interpreter killed outright cannot remove its file.
 Writer StateOfWriter(pid_t pid) {
@@ -52,7 +53,7 @@ Writer StateOfWriter(pid_t pid) {
   const char state = stat[close_paren + 2];
   if (state == 'Z' || state == 'X') return Writer::kGone;  // ended, its id not yet free
   const auto name = stat.substr(open_paren + 1, close_paren - open_paren - 1);
-  return name == "wavforge-cmd" ? Writer::kRunning : Writer::kUnknown;
+  return name == "wavforge-cmd" || name == "wavforge-encode" ? Writer::kRunning : Writer::kUnknown;
 }
 
 }  // namespace

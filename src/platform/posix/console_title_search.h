@@ -5,8 +5,9 @@
 namespace platform::posix {
 
 // The console windows of running job scripts: the titles that live wavforge-cmd processes of
-// this user have published (see console_title.h). Reads the few files of the title folder, not
-// the process list, so other programs cost nothing and a program named like a tool is no window.
+// this user (and the background encoders of wavforge-encode) have published (see console_title.h).
+// Reads the few files of the title folder, not the process list, so other programs cost nothing and
+// a program named like a tool is no window.
 class ConsoleTitleSearch final : public WindowSearch {
  public:
   bool AnyWindowTitled(std::span<const char* const> titles) override;

@@ -310,17 +310,18 @@ INSTANTIATE_TEST_SUITE_P(
                  0,
                  {"TAKE1 (2).mp3"},
                  {}},
-        // Encoders that leave a cut or short output, or fail after writing a whole one.
-        Kept("CutMp3", R"(mp3 sh -c "lame --quiet $0 $1 && truncate -s -100 $1" {in} {out})",
+        // Encoders that leave a cut or short output, or fail after writing a whole one (IFS empty:
+        // the recording's hold has a blank in its name).
+        Kept("CutMp3", R"(mp3 sh -c "IFS=; lame --quiet $0 $1 && truncate -s -100 $1" {in} {out})",
              "incomplete"),
         Kept(
             "CutWma",
-            R"(wma sh -c "ffmpeg -v error -y -i $0 -c:a wmav2 $1 && truncate -s -999 $1" {in} {out})",
+            R"(wma sh -c "IFS=; ffmpeg -v error -y -i $0 -c:a wmav2 $1 && truncate -s -999 $1" {in} {out})",
             "incomplete"),
-        Kept("CutWav", R"(wav sh -c "sox $0 $1 && truncate -s -20000 $1" {in} {out})",
+        Kept("CutWav", R"(wav sh -c "IFS=; sox $0 $1 && truncate -s -20000 $1" {in} {out})",
              "incomplete"),
         Kept("ShortWav", "wav sox {in} {out} trim 0 0.3", "incomplete"),
-        Kept("EncoderFailsAfterWriting", R"(wav sh -c "sox $0 $1; exit 3" {in} {out})",
+        Kept("EncoderFailsAfterWriting", R"(wav sh -c "IFS=; sox $0 $1; exit 3" {in} {out})",
              "exit code 3")),
     [](const auto& row) { return std::string(row.param.name); });
 

@@ -3,8 +3,6 @@
 #include <signal.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -13,6 +11,7 @@
 #include "cmd/output.h"
 #include "cmd/script_file.h"
 #include "platform/posix/console_title.h"
+#include "platform/posix/title_signals.h"
 
 namespace {
 
@@ -22,49 +21,23 @@ using platform::posix::PublishConsoleTitle;
 // Fixed at start: the script may change the variables the folder derives from.
 std::string title_folder;
 
-// The title files, ready for the signal handler, which may not build strings.
-char title_path[4096];
-char title_temporary_path[4096];
-
-constexpr int kEndingSignals[] = {SIGTERM, SIGINT, SIGHUP};
-
-void CopyPath(const std::string& path, char (&target)[4096]) {
-  const std::size_t length = std::min(path.size(), sizeof target - 1);
-  std::memcpy(target, path.data(), length);
-  target[length] = '\0';
-}
-
-// An ended interpreter must not leave a title behind, or the program would wait for a job that
-// is gone.
-void EndOnSignal(int signal_number) {
-  unlink(title_path);
-  unlink(title_temporary_path);
-  ::signal(signal_number, SIG_DFL);
-  raise(signal_number);
-}
-
 // A reader that went away must not kill the run; the write just fails. A handler (not SIG_IGN)
 // so the programs we start get the default back.
 void IgnoreBrokenPipe(int) {}
 
-void InstallSignalHandlers() {
+void InstallSignalHandlers(pid_t pid) {
+  platform::posix::RemoveTitleOnEndingSignals(title_folder, pid);
   struct sigaction action {};
   sigemptyset(&action.sa_mask);
-  action.sa_handler = EndOnSignal;
-  for (const int signal_number : kEndingSignals) sigaction(signal_number, &action, nullptr);
   action.sa_handler = IgnoreBrokenPipe;
   sigaction(SIGPIPE, &action, nullptr);
 }
 
 // Publishes a title with the ending signals held back, so no half-written file stays behind.
 void Publish(pid_t pid, const std::string& title) {
-  sigset_t ending;
-  sigset_t previous;
-  sigemptyset(&ending);
-  for (const int signal_number : kEndingSignals) sigaddset(&ending, signal_number);
-  sigprocmask(SIG_BLOCK, &ending, &previous);
+  const sigset_t previous = platform::posix::HoldEndingSignals();
   PublishConsoleTitle(title_folder, pid, title);
-  sigprocmask(SIG_SETMASK, &previous, nullptr);
+  platform::posix::RestoreSignalMask(previous);
 }
 
 }  // namespace
@@ -92,10 +65,8 @@ int main(int argc, char** argv) {
 
   const pid_t pid = getpid();
   title_folder = platform::posix::ConsoleTitleFolder();
-  CopyPath(platform::posix::ConsoleTitlePath(title_folder, pid), title_path);
-  CopyPath(platform::posix::ConsoleTitleTemporaryPath(title_folder, pid), title_temporary_path);
   ClearConsoleTitle(title_folder, pid);  // a process that had our id before may have left one
-  InstallSignalHandlers();
+  InstallSignalHandlers(pid);
 
   ExpansionContext context;
   context.mode = invocation.command_mode ? ExpansionMode::kCommandLine : ExpansionMode::kScript;

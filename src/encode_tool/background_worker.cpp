@@ -1,45 +1,15 @@
 #include "encode_tool/background_worker.h"
 
 #include <fcntl.h>
-#include <signal.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
-#include <cstring>
 
 #include "platform/posix/console_title.h"
+#include "platform/posix/title_signals.h"
 
 namespace wavforge::encode_tool {
 namespace {
-
-constexpr int kEndingSignals[] = {SIGTERM, SIGINT, SIGHUP};
-
-// The title files, ready for the signal handler, which may not build strings.
-char title_path[4096];
-char title_temporary_path[4096];
-
-void CopyPath(const std::string& path, char (&target)[4096]) {
-  const std::size_t length = std::min(path.size(), sizeof target - 1);
-  std::memcpy(target, path.data(), length);
-  target[length] = '\0';
-}
-
-// An ended worker must not leave its title behind, or the job would never end. The recording
-// stays under its hold name then, beside the original.
-void EndOnSignal(int signal_number) {
-  unlink(title_path);
-  unlink(title_temporary_path);
-  ::signal(signal_number, SIG_DFL);
-  raise(signal_number);
-}
-
-void BlockEndingSignals(int how) {
-  sigset_t ending;
-  sigemptyset(&ending);
-  for (const int signal_number : kEndingSignals) sigaddset(&ending, signal_number);
-  sigprocmask(how, &ending, nullptr);
-}
 
 void DetachStandardStreams() {
   const int null = open("/dev/null", O_RDWR);
@@ -55,21 +25,18 @@ void DetachStandardStreams() {
   setsid();
   const pid_t pid = getpid();
   const std::string folder = platform::posix::ConsoleTitleFolder();
-  CopyPath(platform::posix::ConsoleTitlePath(folder, pid), title_path);
-  CopyPath(platform::posix::ConsoleTitleTemporaryPath(folder, pid), title_temporary_path);
-  BlockEndingSignals(SIG_BLOCK);
-  struct sigaction action {};
-  sigemptyset(&action.sa_mask);
-  action.sa_handler = EndOnSignal;
-  for (const int signal_number : kEndingSignals) sigaction(signal_number, &action, nullptr);
+  // An ended worker must not leave its title behind, or the job would never end. The recording
+  // stays under its hold name then, beside the original.
+  const sigset_t previous = platform::posix::HoldEndingSignals();
+  platform::posix::RemoveTitleOnEndingSignals(folder, pid);
   platform::posix::PublishConsoleTitle(folder, pid, title);
-  BlockEndingSignals(SIG_UNBLOCK);
+  platform::posix::RestoreSignalMask(previous);
   // A reader of the script's output must not wait for us.
   DetachStandardStreams();
   [[maybe_unused]] const ssize_t n = write(ready, "1", 1);
   close(ready);
   work();
-  BlockEndingSignals(SIG_BLOCK);
+  platform::posix::HoldEndingSignals();
   platform::posix::ClearConsoleTitle(folder, pid);
   _exit(0);
 }

@@ -18,18 +18,9 @@ namespace {
 // A free place is found within this time; short against any encoder run.
 constexpr auto kPollInterval = std::chrono::milliseconds(3);
 
-std::string Variable(const char* name) {
-  const char* value = std::getenv(name);
-  return value ? std::string(value) : std::string();
-}
-
 // Beside the console titles, in the user's runtime folder, so every job of the user shares it.
 std::string SlotFolder() {
-  const std::string runtime = Variable("XDG_RUNTIME_DIR");
-  if (!runtime.empty()) return runtime + "/wavforge-slots";
-  std::string temp = Variable("TMPDIR");
-  if (temp.empty()) temp = "/tmp";
-  return temp + "/wavforge-slots-" + std::to_string(geteuid());
+  return platform::posix::UserRuntimeFolder("wavforge-slots");
 }
 
 }  // namespace

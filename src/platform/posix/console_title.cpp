@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 
 #include "platform/posix/private_folder.h"
 
@@ -13,11 +12,6 @@ namespace {
 
 // A title longer than this is not a title; reading stops there.
 constexpr std::size_t kMaxTitleBytes = 64 * 1024;
-
-std::string NonEmptyVariable(const char* name) {
-  const char* value = std::getenv(name);
-  return value ? std::string(value) : std::string();
-}
 
 bool WriteAll(int fd, const std::string& bytes) {
   std::size_t written = 0;
@@ -35,11 +29,7 @@ bool WriteAll(int fd, const std::string& bytes) {
 }  // namespace
 
 std::string ConsoleTitleFolder() {
-  const std::string runtime = NonEmptyVariable("XDG_RUNTIME_DIR");
-  if (!runtime.empty()) return runtime + "/wavforge-titles";
-  std::string temp = NonEmptyVariable("TMPDIR");
-  if (temp.empty()) temp = "/tmp";
-  return temp + "/wavforge-titles-" + std::to_string(geteuid());
+  return UserRuntimeFolder("wavforge-titles");
 }
 
 std::string ConsoleTitlePath(const std::string& folder, pid_t pid) {

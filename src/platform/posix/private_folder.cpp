@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 
 namespace platform::posix {
 
@@ -18,6 +19,13 @@ bool EnsurePrivateFolder(const std::string& folder) {
                     ((info.st_mode & 077) == 0 || fchmod(fd, 0700) == 0);
   close(fd);
   return ours;
+}
+
+std::string UserRuntimeFolder(const std::string& name) {
+  const char* runtime = std::getenv("XDG_RUNTIME_DIR");
+  if (runtime && *runtime) return std::string(runtime) + "/" + name;
+  const char* temp = std::getenv("TMPDIR");
+  return std::string(temp && *temp ? temp : "/tmp") + "/" + name + "-" + std::to_string(geteuid());
 }
 
 }  // namespace platform::posix

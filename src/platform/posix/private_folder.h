@@ -10,4 +10,8 @@ namespace platform::posix {
 // enter is closed to them.
 bool EnsurePrivateFolder(const std::string& folder);
 
+// The folder named name that every process of this user finds: in $XDG_RUNTIME_DIR, or
+// ${TMPDIR:-/tmp}/<name>-<uid> when there is no runtime folder. Not created here.
+std::string UserRuntimeFolder(const std::string& name);
+
 }  // namespace platform::posix

@@ -2,25 +2,26 @@
 
 #include <chrono>
 #include <fstream>
+#include <iterator>
 #include <optional>
-#include <thread>
+#include <string_view>
+#include <unordered_map>
 
 #include "cli/progress_line.h"
 #include "encoding/job_watch.h"
 #include "encoding/log_quoting.h"
 #include "encoding/media_duration.h"
 #include "encoding/source_names.h"
+#include "platform/posix/console_title_search.h"
 
 namespace wavforge::cli {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-// Finer than the window's quarter second: a terminal waiting for the end should not lose up to
-// 250 ms per job. Each tick is the same test the window makes.
+// Each look is the same test the window makes. Between looks we sleep until a process of the
+// job with a console title ends (an encoder or the interpreter), so the job's end is seen at
+// once; the progress line is kept fresh at this pace otherwise.
 constexpr auto kTick = std::chrono::milliseconds(50);
-// Once every file has its verdict only the tools' ends are left, which follow within
-// milliseconds: looking more often then saves most of a tick at the end of every job.
-constexpr auto kLastTick = std::chrono::milliseconds(5);
 // A script that has not shown itself by then will not run at all.
 constexpr auto kStartTimeout = std::chrono::seconds(10);
 
@@ -38,27 +39,61 @@ struct Result {
   std::string failure;
 };
 
-// Reads the tools' log lines written since the job started into results.
-void ReadToolLines(const std::string& tools_log, std::uint64_t offset, const JobPlan& plan,
-                   std::vector<Result>& results) {
-  std::ifstream log(tools_log, std::ios::binary);
-  if (!log) return;
-  log.seekg(static_cast<std::streamoff>(offset));
-  std::string line;
-  while (std::getline(log, line)) {
-    for (std::size_t i = 0; i < plan.files.size(); ++i) {
-      const std::string source = QuoteForLog(plan.files[i].source);
-      const std::string encoded = "wavforge-encode: encoded " + source + " as ";
-      const std::string failed = "wavforge-encode: could not encode " + source + ": ";
-      if (auto at = line.find(encoded); at != std::string::npos) {
-        std::size_t quote = at + encoded.size();
-        if (auto output = UnquoteFromLog(line, quote)) results[i] = {true, *output, {}};
-      } else if (auto reason = line.find(failed); reason != std::string::npos) {
-        results[i] = {true, {}, line.substr(reason + failed.size())};
-      }
+// Follows the tools' log from where the job started, reading each line once: a long job
+// writes thousands of lines, and the log is looked at after every encoder.
+class ToolLines {
+ public:
+  ToolLines(std::string path, std::uint64_t offset, const JobPlan& plan)
+      : path_(std::move(path)), offset_(offset) {
+    for (std::size_t i = 0; i < plan.files.size(); ++i) files_[plan.files[i].source].push_back(i);
+  }
+
+  void ReadNew(std::vector<Result>& results) {
+    std::ifstream log(path_, std::ios::binary);
+    if (!log) return;
+    log.seekg(static_cast<std::streamoff>(offset_));
+    const std::string text{std::istreambuf_iterator<char>(log), {}};
+    // A line still being written is read whole next time.
+    const std::size_t end = text.rfind('\n');
+    if (end == std::string::npos) return;
+    offset_ += end + 1;
+    std::size_t start = 0;
+    while (start <= end) {
+      const std::size_t stop = text.find('\n', start);
+      Read(std::string_view(text).substr(start, stop - start), results);
+      start = stop + 1;
     }
   }
-}
+
+ private:
+  void Read(std::string_view line, std::vector<Result>& results) {
+    constexpr std::string_view kEncoded = "wavforge-encode: encoded ";
+    constexpr std::string_view kFailed = "wavforge-encode: could not encode ";
+    const std::size_t encoded = line.find(kEncoded);
+    const std::size_t failed = encoded == line.npos ? line.find(kFailed) : line.npos;
+    if (encoded == line.npos && failed == line.npos) return;
+    std::size_t at = encoded != line.npos ? encoded + kEncoded.size() : failed + kFailed.size();
+    const auto source = UnquoteFromLog(line, at);
+    const auto file = source ? files_.find(*source) : files_.end();
+    if (file == files_.end()) return;
+    Result result{true, {}, {}};
+    if (encoded != line.npos) {
+      if (line.substr(at, 4) != " as ") return;
+      at += 4;
+      const auto output = UnquoteFromLog(line, at);
+      if (!output) return;
+      result.output = *output;
+    } else {
+      if (line.substr(at, 2) != ": ") return;
+      result.failure = line.substr(at + 2);
+    }
+    for (const std::size_t i : file->second) results[i] = result;
+  }
+
+  std::string path_;
+  std::uint64_t offset_;
+  std::unordered_map<std::string, std::vector<std::size_t>> files_;
+};
 
 bool IsComplete(const platform::Ports& ports, const std::string& output, const PlannedFile& file) {
   const auto opened = ports.binary_files.OpenForReading(output);
@@ -128,12 +163,13 @@ int FollowJob(const platform::Ports& ports, const JobOutcome& job, const JobPlan
   const auto started = Clock::now();
   bool seen = false;
   std::vector<Result> results(plan.files.size());
+  ToolLines tool_lines(tools_log, log_offset, plan);
   std::size_t shown = plan.files.size() + 1;  // nothing shown yet
   std::string line_shown;
   while (true) {
     const bool running = watch.Tick(no_selection, view);
     seen = seen || running;
-    ReadToolLines(tools_log, log_offset, plan, results);
+    tool_lines.ReadNew(results);
     LookForOutputs(ports, plan, results);
     std::size_t done = 0;
     for (const auto& result : results) done += result.done ? 1 : 0;
@@ -161,7 +197,7 @@ int FollowJob(const platform::Ports& ports, const JobOutcome& job, const JobPlan
       err << "wavforge-cli: the job script " << job.script_path << " did not start\n";
       return 2;
     }
-    std::this_thread::sleep_for(done == plan.files.size() ? kLastTick : kTick);
+    platform::posix::WaitForTitleHolderToEnd(kTick);
   }
 
   if (!line_shown.empty()) out << '\n';

@@ -2,13 +2,17 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <poll.h>
 #include <signal.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
 #include <string_view>
+#include <thread>
+#include <vector>
 
 #include "platform/posix/console_title.h"
 #include "platform/window_titles.h"
@@ -82,6 +86,40 @@ bool ConsoleTitleSearch::AnyWindowTitled(std::span<const char* const> titles) {
   }
   closedir(entries);
   return found;
+}
+
+void WaitForTitleHolderToEnd(std::chrono::milliseconds longest) {
+  // A job has a few processes with titles; more than this are other jobs, and waking for one
+  // of those too early only costs a look.
+  constexpr std::size_t kMostWatched = 64;
+  std::vector<pollfd> holders;
+  bool one_ended = false;
+  const std::string folder = ConsoleTitleFolder();
+  if (DIR* entries = opendir(folder.c_str())) {
+    while (const dirent* entry = readdir(entries)) {
+      const pid_t pid = ProcessIdOf(entry->d_name);
+      if (pid <= 0 || holders.size() == kMostWatched) continue;
+      // Debian 12's sys/pidfd.h cannot be used from C++ (no extern "C"), hence the raw call.
+      const int fd = static_cast<int>(syscall(SYS_pidfd_open, pid, 0));
+      if (fd >= 0) {
+        holders.push_back({fd, POLLIN, 0});
+      } else if (errno == ESRCH && ReadConsoleTitle(folder, pid)) {
+        continue;  // left by a killed process: the next search clears it
+      } else if (errno == ESRCH) {
+        one_ended = true;  // ended just now
+        break;
+      }
+    }
+    closedir(entries);
+  }
+  if (!one_ended && holders.empty()) std::this_thread::sleep_for(longest);
+  if (!one_ended && !holders.empty()) {
+    // A process that ends makes its descriptor readable.
+    while (poll(holders.data(), holders.size(), static_cast<int>(longest.count())) < 0 &&
+           errno == EINTR) {
+    }
+  }
+  for (const pollfd& holder : holders) close(holder.fd);
 }
 
 }  // namespace platform::posix

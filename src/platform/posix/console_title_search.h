@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+
 #include "platform/window_search.h"
 
 namespace platform::posix {
@@ -12,5 +14,9 @@ class ConsoleTitleSearch final : public WindowSearch {
  public:
   bool AnyWindowTitled(std::span<const char* const> titles) override;
 };
+
+// Sleeps until one of the processes that have published a console title ends, or for longest
+// at most: whoever waits for a job then sees its end as it happens, not at its next look.
+void WaitForTitleHolderToEnd(std::chrono::milliseconds longest);
 
 }  // namespace platform::posix

@@ -16,6 +16,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -94,16 +95,29 @@ struct Work {
   std::optional<double> seconds;
 };
 
-// Runs the encoder and puts its output in place; "" or why it failed.
-std::string Encode(const Request& request, const Work& work, platform::BinaryFileOpener& files,
-                   ToolLog& log, EncoderSlot& slot, std::string& placed) {
-  std::string error;
-  const std::string temporary =
-      CreateTemporaryOutput(SourceFolder(work.stem), request.extension, error);
-  if (error.empty()) {
-    error = RunEncoder(FillArguments(request.encoder, work.input, temporary, work.tags),
-                       log.Descriptor());
+// The encoder of one recording, started into a temporary output beside the final one.
+struct Encoding {
+  std::string temporary;
+  StartedEncoder encoder;
+};
+
+Encoding StartEncoding(const Request& request, const Work& work, ToolLog& log) {
+  Encoding encoding;
+  encoding.temporary =
+      CreateTemporaryOutput(SourceFolder(work.stem), request.extension, encoding.encoder.error);
+  if (encoding.encoder.error.empty()) {
+    encoding.encoder =
+        StartEncoder(FillArguments(request.encoder, work.input, encoding.temporary, work.tags),
+                     log.Descriptor());
   }
+  return encoding;
+}
+
+// Waits for the encoder and puts its output in place; "" or why it failed.
+std::string Encode(const Request& request, const Work& work, platform::BinaryFileOpener& files,
+                   EncoderSlot& slot, const Encoding& encoding, std::string& placed) {
+  const std::string& temporary = encoding.temporary;
+  std::string error = WaitForEncoder(encoding.encoder);
   slot.Release();
   if (error.empty()) error = CheckOutput(temporary, request.extension, work.seconds, files);
   if (error.empty() && request.normalize) {
@@ -119,9 +133,9 @@ std::string Encode(const Request& request, const Work& work, platform::BinaryFil
 }
 
 int Finish(const Request& request, const Work& work, platform::BinaryFileOpener& files,
-           ToolLog& log, EncoderSlot& slot) {
+           ToolLog& log, EncoderSlot& slot, const Encoding& encoding) {
   std::string placed;
-  const std::string error = Encode(request, work, files, log, slot, placed);
+  const std::string error = Encode(request, work, files, slot, encoding, placed);
   const bool held = work.input != work.source;
   if (!error.empty()) {
     if (request.normalize) {
@@ -172,23 +186,38 @@ int Run(const Request& request) {
   Settings settings;
   SettingsLoader(ports).LoadSettings(settings);
   if (!request.normalize) work.stem = OutputPath(settings, work.tags, ports.files);
-  EncoderSlot slot(EncodersAtATime(GetProfileText(ports.profiles, settings.SettingsFile, "Options",
-                                                  "Encoders", "", kSettingTextCapacity)));
+  const int places = EncodersAtATime(GetProfileText(
+      ports.profiles, settings.SettingsFile, "Options", "Encoders", "", kSettingTextCapacity));
+  const auto in_step = [&] {
+    EncoderSlot slot(places);
+    return Finish(request, work, ports.binary_files, log, slot, StartEncoding(request, work, log));
+  };
 
   // Normalising stays in step with the script: the encoder line after it reads its result.
   // While it runs it holds a place, so the cores stay as busy as with a worker of its own.
-  if (request.normalize) return Finish(request, work, ports.binary_files, log, slot);
+  if (request.normalize) return in_step();
 
   // The encoder runs after we return, on a second name of the recording that the del line
   // after us cannot reach. Where no second name can be made, it runs here as before.
   work.input = HoldSource(*source);
   if (work.input.empty()) {
     work.input = *source;
-    return Finish(request, work, ports.binary_files, log, slot);
+    return in_step();
   }
-  const auto in_background = [&] { Finish(request, work, ports.binary_files, log, slot); };
-  if (RunInBackground(kJobTitle, in_background)) return 0;
-  return Finish(request, work, ports.binary_files, log, slot);
+  // The worker waits for its place and starts the encoder itself, and we return only then: at
+  // most one file of the job waits, and a freed place goes straight to an encoder, not to the
+  // start of the script's next tool.
+  std::optional<EncoderSlot> slot;
+  Encoding encoding;
+  const auto wait_turn = [&] {
+    slot.emplace(places);
+    encoding = StartEncoding(request, work, log);
+  };
+  const auto in_background = [&] {
+    Finish(request, work, ports.binary_files, log, *slot, encoding);
+  };
+  if (RunInBackground(kJobTitle, wait_turn, in_background)) return 0;
+  return in_step();
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "cli/terminal_user_interface.h"
 #include "encoding/encode_job.h"
 #include "platform/path_rules.h"
+#include "settings/encoders_at_a_time.h"
 #include "shell/tool_path.h"
 
 namespace wavforge::cli {
@@ -51,7 +52,9 @@ int RunEncode(const platform::Ports& ports, const std::vector<std::string>& file
   EncodingJob dry_job(dry.ports(), ui, loader, settings, language);
   const JobOutcome dry_outcome = dry_job.EncodeJob(planned_selection);
   if (!dry_outcome.started) return 1;
-  const JobPlan plan = PlanJob(dry_outcome, settings.DelTemp, ports);
+  JobPlan plan = PlanJob(dry_outcome, settings.DelTemp, ports);
+  plan.encoders_at_a_time =
+      static_cast<std::size_t>(EncodersAtATime(ports.profiles, settings.SettingsFile));
   const bool refused = !plan.problems.empty() && !options.force;
   for (const auto& problem : plan.problems) err << "wavforge-cli: " << problem << '\n';
 

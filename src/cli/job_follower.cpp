@@ -121,8 +121,9 @@ std::string HoldOf(const std::string& source) {
 }
 
 // The files whose encoders run now: the tool keeps a second name of each recording while its
-// encoder runs. A step without one (normalising, a tool of another fix file) shows as the first
-// file not done.
+// encoder runs, and also while it waits for its turn, which comes in the script's order, so only
+// the first ones count. A step without one (normalising, a tool of another fix file) shows as the
+// first file not done.
 std::vector<std::string> BeingEncoded(const platform::Ports& ports, const JobPlan& plan,
                                       const std::vector<Result>& results) {
   std::vector<std::string> names;
@@ -131,7 +132,9 @@ std::vector<std::string> BeingEncoded(const platform::Ports& ports, const JobPla
     if (results[i].done) continue;
     const std::string& source = plan.files[i].source;
     if (!first_open) first_open = &plan.files[i];
-    if (ports.files.FileSize(HoldOf(source))) names.push_back(FileTitle(source));
+    if (names.size() < plan.encoders_at_a_time && ports.files.FileSize(HoldOf(source))) {
+      names.push_back(FileTitle(source));
+    }
   }
   if (names.empty() && first_open) names.push_back(FileTitle(first_open->source));
   return names;

@@ -20,6 +20,7 @@ struct PlannedFile {
 struct JobPlan {
   std::vector<PlannedFile> files;
   std::vector<std::string> problems;  // one sentence each; empty when the job is safe to run
+  std::size_t encoders_at_a_time = 1;
 };
 
 // The plan of a job from its dry run, and everything in it that could cost a recording or an

@@ -8,7 +8,6 @@
 
 #include <cerrno>
 #include <chrono>
-#include <cstdlib>
 #include <thread>
 #include <vector>
 
@@ -60,15 +59,6 @@ void WaitForFreedPlace(int pipe) {
 }
 
 }  // namespace
-
-int EncodersAtATime(const std::string& configured) {
-  char* end = nullptr;
-  const long number = std::strtol(configured.c_str(), &end, 10);
-  if (end != configured.c_str() && number > 0)
-    return number > 1024 ? 1024 : static_cast<int>(number);
-  const unsigned cores = std::thread::hardware_concurrency();
-  return cores > 0 ? static_cast<int>(cores) : 1;
-}
 
 EncoderSlot::EncoderSlot(int count) {
   const std::string folder = SlotFolder();

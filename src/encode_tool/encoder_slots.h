@@ -4,10 +4,6 @@
 
 namespace wavforge::encode_tool {
 
-// How many encoders may run at a time: the Encoders entry of the settings file's [Options]
-// when it is a positive number, else one per core.
-int EncodersAtATime(const std::string& configured);
-
 // One of count places for an encoder, shared by every job of this user: a lock on a file in a
 // private folder, so an ended or killed holder frees its place at once. A child started with
 // fork keeps the place until it ends, even after this object is gone in the parent.

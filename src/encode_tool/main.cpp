@@ -33,9 +33,9 @@
 #include "encoding/read_wav_tags.h"
 #include "encoding/source_names.h"
 #include "platform/posix/posix_platform.h"
+#include "settings/encoders_at_a_time.h"
 #include "settings/load_settings.h"
 #include "settings/product.h"
-#include "settings/profile_values.h"
 
 namespace {
 
@@ -186,8 +186,7 @@ int Run(const Request& request) {
   Settings settings;
   SettingsLoader(ports).LoadSettings(settings);
   if (!request.normalize) work.stem = OutputPath(settings, work.tags, ports.files);
-  const int places = EncodersAtATime(GetProfileText(
-      ports.profiles, settings.SettingsFile, "Options", "Encoders", "", kSettingTextCapacity));
+  const int places = EncodersAtATime(ports.profiles, settings.SettingsFile);
   const auto in_step = [&] {
     EncoderSlot slot(places);
     return Finish(request, work, ports.binary_files, log, slot, StartEncoding(request, work, log));

@@ -5,7 +5,8 @@
 // allows (one per core by default), so the job uses the whole machine; its output is moved into
 // place only when complete, never over a file, and on failure the recording is kept under a
 // name no del line of the job reaches. Tags are read here from the recording itself, so no tag
-// text ever stands in the script. Normalising runs in step with the script.
+// text ever stands in the script. Normalising runs in step with the script, and the normalised
+// recording keeps the original's tags.
 //
 //   wavforge-encode SOURCE_BASE TOOLS_LOG EXTENSION ENCODER [ARGUMENT...]
 //   wavforge-encode --normalize SOURCE_BASE TOOLS_LOG ENCODER [ARGUMENT...]
@@ -24,6 +25,7 @@
 #include "encode_tool/background_worker.h"
 #include "encode_tool/encoder_run.h"
 #include "encode_tool/encoder_slots.h"
+#include "encode_tool/info_list_carry.h"
 #include "encode_tool/safe_output.h"
 #include "encode_tool/tool_log.h"
 #include "encoding/job_watch.h"
@@ -120,6 +122,7 @@ std::string Encode(const Request& request, const Work& work, platform::BinaryFil
   std::string error = WaitForEncoder(encoding.encoder);
   slot.Release();
   if (error.empty()) error = CheckOutput(temporary, request.extension, work.seconds, files);
+  if (error.empty() && request.normalize) error = CarryInfoList(files, work.source, temporary);
   if (error.empty() && request.normalize) {
     if (std::rename(temporary.c_str(), work.source.c_str()) == 0)
       placed = work.source;

@@ -43,6 +43,7 @@ bool RiffReader::FindInfoList() {
   if (!list) return false;
   info_begin_ = list->data + kTypeSize;
   info_end_ = list->data + list->size;
+  info_declared_size_ = list->declared_size;
   // A list of reasonable size is read whole, so that searching it needs no further reads.
   if (info_end_ - info_begin_ <= kWholeListLimit) {
     cache_.resize(static_cast<std::size_t>(info_end_ - info_begin_));
@@ -77,6 +78,19 @@ std::optional<std::string> RiffReader::ReadInfoText(const ChunkId& id) {
   }
   if (!read_any) return std::nullopt;
   return text;
+}
+
+std::optional<std::string> RiffReader::InfoListBytes() const {
+  const std::uint64_t size = kTypeSize + cache_.size();
+  if (cache_offset_ != info_begin_ || size != info_declared_size_ || size > kWholeListLimit) {
+    return std::nullopt;
+  }
+  std::string bytes = "LIST";
+  for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>((size >> shift) & 0xFF);
+  bytes += "INFO";
+  bytes += cache_;
+  if (size & 1) bytes += '\0';
+  return bytes;
 }
 
 std::optional<RiffReader::Chunk> RiffReader::FindChunk(std::uint64_t position, std::uint64_t end,

@@ -36,6 +36,11 @@ class RiffReader {
   // Only valid after FindInfoList succeeded.
   std::optional<std::string> ReadInfoText(const ChunkId& id);
 
+  // The whole INFO list as it would stand in a file: "LIST", its size, "INFO" and the chunks,
+  // with a pad byte after an odd size. Nothing when it is too large to be read in one go or
+  // ends before its declared size. Only valid after FindInfoList succeeded.
+  std::optional<std::string> InfoListBytes() const;
+
  private:
   struct Chunk {
     std::uint64_t data = 0;           // offset of the first data byte
@@ -55,6 +60,7 @@ class RiffReader {
   std::uint64_t file_size_;
   std::uint64_t info_begin_ = 0;  // first byte after the list type
   std::uint64_t info_end_ = 0;
+  std::uint64_t info_declared_size_ = 0;
   std::string cache_;
   std::uint64_t cache_offset_ = 0;
   std::string scratch_;

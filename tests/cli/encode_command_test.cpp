@@ -429,6 +429,8 @@ TEST_F(EncodeCommandTest, NormalisesBeforeEncoding) {
   const auto result = Encode("Encoder=1\nDelTemp=0\nNormalize=1\n");
   ASSERT_EQ(result.exit_code, 0) << result.out << result.err;
   EXPECT_GT(fs::file_size(Home() / "Music/Band - Song.mp3"), 0u);
+  // sox drops the INFO list; the recording keeps its tags all the same, and so does the output.
+  EXPECT_NE(Probe(Home() / "Music/Jazz FM/Anna - Blue.mp3").find("title=blue"), std::string::npos);
   // The normalised recording has taken the source's place; no temporary file is left.
   EXPECT_EQ(Names(recordings), (std::vector<std::string>{"Band - Song.wav", "take1.wav"}));
   EXPECT_NE(ReadFile(ConfigHome() / "Larkspur/encode.log").find("normalised"), std::string::npos);

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "encoding/byte_reader.h"
 #include "encoding/riff_reader.h"
 
 namespace wavforge::encode_tool {
@@ -24,12 +25,6 @@ bool WriteAllAt(int fd, const std::string& bytes, off_t offset) {
     written += static_cast<std::size_t>(n);
   }
   return true;
-}
-
-std::string LittleEndian32(std::uint64_t value) {
-  std::string bytes;
-  for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>((value >> shift) & 0xFF);
-  return bytes;
 }
 
 }  // namespace
@@ -57,14 +52,12 @@ std::string CarryInfoList(platform::BinaryFileOpener& files, const std::string& 
   // The list goes right after the RIFF chunk's last byte, which must be the file's: a chunk
   // after the form would be read by nobody.
   const auto size = static_cast<std::uint64_t>(info.st_size);
-  std::uint64_t riff_size = 0;
-  for (int i = 3; i >= 0; --i)
-    riff_size = (riff_size << 8) | static_cast<unsigned char>(header[4 + i]);
+  const std::uint64_t riff_size = LittleEndian(std::string_view(header + 4, 4), 4);
   const std::string pad = size & 1 ? std::string(1, '\0') : std::string();
   const std::uint64_t new_size = size + pad.size() + list->size();
   done = done && (riff_size + 8 == size || riff_size + 9 == size) && new_size - 8 <= 0xFFFFFFFFu &&
          WriteAllAt(fd, pad + *list, static_cast<off_t>(size)) &&
-         WriteAllAt(fd, LittleEndian32(new_size - 8), 4) && fsync(fd) == 0;
+         WriteAllAt(fd, LittleEndianBytes(new_size - 8, 4), 4) && fsync(fd) == 0;
   close(fd);
   return done ? std::string() : kCannotCarry;
 }

@@ -30,4 +30,10 @@ std::uint64_t LittleEndian(std::string_view bytes, std::size_t count) {
   return value;
 }
 
+std::string LittleEndianBytes(std::uint64_t value, std::size_t count) {
+  std::string bytes;
+  for (std::size_t i = 0; i < count; ++i) bytes += static_cast<char>((value >> (8 * i)) & 0xFF);
+  return bytes;
+}
+
 }  // namespace wavforge

@@ -27,5 +27,7 @@ class ByteReader {
 
 // Little-endian numbers from the start of bytes, which must be long enough.
 std::uint64_t LittleEndian(std::string_view bytes, std::size_t count);
+// The low count bytes of value, little-endian, as a file stores them.
+std::string LittleEndianBytes(std::uint64_t value, std::size_t count);
 
 }  // namespace wavforge

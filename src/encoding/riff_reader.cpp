@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "encoding/byte_reader.h"
+
 namespace wavforge {
 namespace {
 
@@ -18,12 +20,6 @@ constexpr ChunkId kInfo = {'I', 'N', 'F', 'O'};
 
 bool SameId(std::string_view bytes, const ChunkId& id) {
   return bytes.size() >= id.size() && std::equal(id.begin(), id.end(), bytes.begin());
-}
-
-std::uint64_t LittleEndian32(std::string_view bytes) {
-  std::uint64_t value = 0;
-  for (int i = 3; i >= 0; --i) value = (value << 8) | static_cast<unsigned char>(bytes[i]);
-  return value;
 }
 
 }  // namespace
@@ -85,9 +81,7 @@ std::optional<std::string> RiffReader::InfoListBytes() const {
   if (cache_offset_ != info_begin_ || size != info_declared_size_ || size > kWholeListLimit) {
     return std::nullopt;
   }
-  std::string bytes = "LIST";
-  for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>((size >> shift) & 0xFF);
-  bytes += "INFO";
+  std::string bytes = "LIST" + LittleEndianBytes(size, 4) + "INFO";
   bytes += cache_;
   if (size & 1) bytes += '\0';
   return bytes;
@@ -101,7 +95,7 @@ std::optional<RiffReader::Chunk> RiffReader::FindChunk(std::uint64_t position, s
     if (header.size() < kHeaderSize) return std::nullopt;
     Chunk chunk;
     chunk.data = position + kHeaderSize;
-    chunk.declared_size = LittleEndian32(header.substr(4));
+    chunk.declared_size = LittleEndian(header.substr(4), 4);
     chunk.size = std::min(chunk.declared_size, end - chunk.data);
     if (SameId(header, id)) {
       if (!list_type) return chunk;
